@@ -1,0 +1,16 @@
+#pragma once
+
+/// Everything that libZyr3DData offers.
+
+#include "LZF.h"
+#include "Zyr3DDoubleArray.h"
+#include "Zyr3DFileIO.h"
+#include "Zyr3DInner.h"
+#include "Zyr3DIntArray.h"
+#include "ZyrColor.h"
+#include "ZyrColorArray.h"
+#include "ZyrExport.h"
+#include "ZyrPointCloud.h"
+#include "ZyrPointCloudArray.h"
+#include "ZyrVector3d.h"
+#include "ZyrVector3dArray.h"

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ZyrExport.h"
+
+class ZyrVector3dArray;
+
+namespace cv {
+class Mat;
+}
+
+/// Readers and writers of the library's own files, on bare arrays and colour matrices. The
+/// containers' Load and Save members call them; they differ by checking the path's suffix first.
+///
+/// All give false on failure and throw nothing. A null path is a failure. Files are little-endian,
+/// whatever the locale. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g, r) or 4 (b, g, r,
+/// a) channels; any other counts as no colours.
+class ZYR_EXPORT Zyr3DFileIO {
+public:
+    /// Writes a point-cloud file. Normals are written when wanted and as many as the points,
+    /// colours when wanted and the matrix has as many columns (its first row is written).
+    ///
+    /// False when there are no points, when the columns take 4 GiB or more, or when the file can't
+    /// be opened; in the first two cases no file is created. Errors while writing go unnoticed, as
+    /// on a full disk: callers who must know read the file back.
+    static bool SavePointCloud(ZyrVector3dArray& points, ZyrVector3dArray& normals, cv::Mat& colors,
+                               const char* path, bool withNormals, bool withColors);
+
+    /// Reads a point-cloud file into the arrays given (and so into whatever shares their stores).
+    ///
+    /// Normals are cleared unless wanted and in the file; the colour matrix is left alone unless
+    /// the file's colours are read. The kind of body decides further:
+    /// - "binary_compressed": everything wanted is read. Colours become 1 x N of the file's channel
+    ///   count, in place where the matrix has that shape already. A NaN component becomes 0.0.
+    /// - "binary": points, NaN included. Normals come out as zero vectors. Colours are read whether
+    ///   wanted or not, as 1 x N of 4 channels.
+    /// - "ascii": nothing is read: N points, and normals where wanted, at the origin.
+    ///
+    /// A body that is cut short is no failure: the values that are missing are 0. False when the
+    /// file can't be opened, the header is incomplete or contradicts itself, or a whole body does
+    /// not decode to exactly the columns that the header declares. A header word of more than 32
+    /// characters, a line of more than 61 words, and a SIZE line that has not one word a field stop
+    /// the process by an assertion failure, in release builds too.
+    static bool LoadPointCloud(ZyrVector3dArray& points, ZyrVector3dArray& normals, cv::Mat& colors,
+                               const char* path, bool withNormals, bool withColors);
+};

@@ -1,0 +1,47 @@
+#include "fileIO/ColorWords.h"
+
+#include <opencv2/core.hpp>
+
+#include "ZyrColor.h"
+
+namespace zyr {
+namespace {
+
+std::uint32_t packColor(const unsigned char* element, int channels) {
+    if (channels == 1) return element[0];
+    unsigned int word = 0;
+    RGBA2argb(element[2], element[1], element[0], channels == 4 ? element[3] : 255, &word);
+    return word;
+}
+
+}  // namespace
+
+bool isColorChannelCount(std::int64_t channels) {
+    return channels == 1 || channels == 3 || channels == 4;
+}
+
+bool hasColors(const cv::Mat& colors, std::size_t elements) {
+    return colors.dims <= 2 && !colors.empty() && colors.depth() == CV_8U &&
+           isColorChannelCount(colors.channels()) &&
+           static_cast<std::size_t>(colors.cols) == elements;
+}
+
+std::vector<std::uint32_t> packColors(const cv::Mat& colors) {
+    const int channels = colors.channels();
+    const unsigned char* row = colors.ptr();
+    std::vector<std::uint32_t> words(static_cast<std::size_t>(colors.cols));
+    for (std::size_t i = 0; i < words.size(); ++i)
+        words[i] = packColor(row + i * colors.elemSize(), channels);
+    return words;
+}
+
+void unpackColor(std::uint32_t word, cv::Mat& colors, std::size_t i) {
+    int r, g, b, a;
+    argb2RGBA(word, &r, &g, &b, &a);
+    const int channels[] = {b, g, r, a};
+    const std::size_t count = colors.elemSize();
+    unsigned char* element = colors.ptr() + i * count;
+    for (std::size_t k = 0; k < count; ++k) element[k] = static_cast<unsigned char>(channels[k]);
+}
+
+}  // namespace zyr

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "fileIO/LzfCodec.h"
+
+namespace zyr {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// A file that is closed when it goes out of scope; null when it could not be opened.
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Null path: null file.
+File openFile(const char* path, const char* mode);
+
+/// The next bytes of the file, fewer where it ends. Allocates as it reads, so that a size stated by
+/// the file costs no more memory than the file has bytes.
+std::vector<Byte> readUpTo(std::FILE* file, std::uint64_t size);
+
+/// Bytes from the current position to the end; 0 for what has no end to seek to.
+std::uint64_t remainingBytes(std::FILE* file);
+
+/// Whether elements of this many bytes may be allocated for a file that has fewer bytes than it
+/// declares: small ones always, others only when the bytes they need are there.
+bool isBacked(std::uint64_t elementBytes, std::uint64_t neededBytes, std::uint64_t presentBytes);
+
+}  // namespace zyr
