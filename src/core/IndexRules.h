@@ -44,10 +44,11 @@ template <class T>
 void appendAll(std::vector<T>& list, const std::vector<T>& other) {
     if (&list != &other) {
         list.insert(list.end(), other.begin(), other.end());
-    } else {
-        const std::vector<T> copy(other);
-        list.insert(list.end(), copy.begin(), copy.end());
+        return;
     }
+    const std::size_t count = list.size();
+    list.reserve(2 * count);
+    for (std::size_t i = 0; i < count; ++i) list.push_back(list[i]);
 }
 
 /// Empties the list and gives its memory back.

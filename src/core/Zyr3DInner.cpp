@@ -1,7 +1,6 @@
 #include "Zyr3DInner.h"
 
-#include <locale.h>
-
+#include <clocale>
 #include <cwchar>
 #include <memory>
 #include <stdexcept>

@@ -10,7 +10,7 @@
 namespace zyr {
 
 struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+    void operator()(std::FILE* file) const { (void)std::fclose(file); }
 };
 
 /// A file that is closed when it goes out of scope; null when it could not be opened.

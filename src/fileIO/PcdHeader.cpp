@@ -134,7 +134,7 @@ void pcdReadFields(const PcdLine& line, PcdHeader& header) {
         if (std::strcmp(name, "fnx") == 0) header.fnx = i;
         if (std::strcmp(name, "frgb") == 0) header.frgb = i;
         if (i < PcdHeader::maxNumFields)
-            std::snprintf(header.fields[i].name, sizeof header.fields[i].name, "%.7s", name);
+            std::strncpy(header.fields[i].name, name, sizeof header.fields[i].name - 1);
     }
     header.hasFields = header.x >= 0;
 }

@@ -54,9 +54,10 @@ bool savePointCloud(const ZyrVector3dArray& points, const ZyrVector3dArray& norm
     const std::array<std::uint32_t, 3> preamble = {
         writesColors ? static_cast<std::uint32_t>(colors.channels()) : 1,
         static_cast<std::uint32_t>(stream.size()), static_cast<std::uint32_t>(bodySize(columns))};
-    std::fwrite(header.data(), 1, header.size(), file.get());
-    std::fwrite(preamble.data(), sizeof preamble, 1, file.get());
-    std::fwrite(stream.data(), 1, stream.size(), file.get());
+    // Deliberately unchecked, as the header says.
+    (void)std::fwrite(header.data(), 1, header.size(), file.get());
+    (void)std::fwrite(preamble.data(), sizeof preamble, 1, file.get());
+    (void)std::fwrite(stream.data(), 1, stream.size(), file.get());
     return true;
 }
 
