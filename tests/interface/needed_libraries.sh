@@ -4,5 +4,5 @@
 set -eu
 readelf -d "$1" | grep -F 'Library soname: [libZyr3DData.so.3]'
 others=$(readelf -d "$1" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' |
-    grep -vE '^lib(opencv_core|opencv_imgcodecs|stdc\+\+|gcc_s|c|m|ld-linux-x86-64)\.so' || true)
+    grep -vE '^(lib(opencv_core|opencv_imgcodecs|stdc\+\+|gcc_s|c|m)|ld-linux.*)\.so' || true)
 [ -z "$others" ] || { echo "needs more: $others"; exit 1; }
