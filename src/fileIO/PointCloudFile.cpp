@@ -78,9 +78,10 @@ bool isComplete(const PcdHeader& h) {
            h.hasViewpoint && h.hasPoints && area == h.points;
 }
 
-std::uint64_t vectorBytes(const PcdHeader& header, const Target& target) {
+/// Bytes of the points, the normals where they are read, and the colours of so many channels.
+std::uint64_t elementBytes(const PcdHeader& header, const Target& target, std::uint32_t channels) {
     const auto points = static_cast<std::uint64_t>(header.points);
-    return points * sizeof(ZyrVector3d) * (target.withNormals ? 2 : 1);
+    return points * (sizeof(ZyrVector3d) * (target.withNormals ? 2 : 1) + channels);
 }
 
 void setOrigins(ZyrVector3dArray& vectors, int n) {
@@ -101,7 +102,7 @@ void setColorSize(cv::Mat& colors, int n, int channels) {
 bool loadAscii(std::FILE* file, const PcdHeader& header, const Target& target) {
     constexpr std::uint64_t kLeastBytes = 6;  // three digits, two spaces and a line feed
     const auto points = static_cast<std::uint64_t>(header.points);
-    if (!isBacked(vectorBytes(header, target), points * kLeastBytes, remainingBytes(file)))
+    if (!isBacked(elementBytes(header, target, 0), points * kLeastBytes, remainingBytes(file)))
         return false;
     setSizes(header, target);
     return true;
@@ -171,10 +172,10 @@ bool loadBinary(std::FILE* file, const PcdHeader& header, const Target& target) 
     const std::optional<ReadLayout> layout = readLayout(header, header.numFields);
     if (!layout) return false;
     const auto points = static_cast<std::uint64_t>(header.points);
-    const std::uint64_t elementBytes = vectorBytes(header, target) + points * 4;
+    const std::uint64_t allocated = elementBytes(header, target, header.rgb >= 0 ? 4 : 0);
     // Records of no bytes would back any number of points.
     const std::uint64_t neededBytes = std::max(layout->bodySize, points);
-    if (!isBacked(elementBytes, neededBytes, remainingBytes(file))) return false;
+    if (!isBacked(allocated, neededBytes, remainingBytes(file))) return false;
     setSizes(header, target);
     if (header.rgb >= 0) setColorSize(target.colors, header.points, 4);
     RecordReader record(file, *layout);
@@ -212,11 +213,11 @@ bool loadCompressed(std::FILE* file, const PcdHeader& header, const Target& targ
     const Preamble preamble = readPreamble(file);
     if (target.withColors && preamble.channels && !isColorChannelCount(*preamble.channels))
         return false;
-    const std::uint64_t elementBytes =
-        vectorBytes(header, target) + static_cast<std::uint64_t>(header.points) * 4;
+    const std::uint64_t allocated =
+        elementBytes(header, target, target.withColors ? preamble.channels.value_or(0) : 0);
     // A file that ends before its stream has a stated size of more than it holds.
     const std::uint32_t streamSize = preamble.isCut ? 1 : preamble.streamSize;
-    const std::optional<ReadBody> body = readBody(file, *layout, streamSize, elementBytes);
+    const std::optional<ReadBody> body = readBody(file, *layout, streamSize, allocated);
     if (!body) return false;
 
     setSizes(header, target);
