@@ -12,5 +12,6 @@
 #include "ZyrExport.h"
 #include "ZyrPointCloud.h"
 #include "ZyrPointCloudArray.h"
+#include "ZyrTriangleMesh.h"
 #include "ZyrVector3d.h"
 #include "ZyrVector3dArray.h"
