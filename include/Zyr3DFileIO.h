@@ -2,6 +2,7 @@
 
 #include "ZyrExport.h"
 
+class Zyr3DIntArray;
 class ZyrVector3dArray;
 
 namespace cv {
@@ -42,4 +43,33 @@ public:
     /// the process by an assertion failure, in release builds too.
     static bool LoadPointCloud(ZyrVector3dArray& points, ZyrVector3dArray& normals, cv::Mat& colors,
                                const char* path, bool withNormals, bool withColors);
+
+    /// Writes a triangle-mesh file; triangles holds three vertex indices each. Vertex normals and
+    /// colours are written when wanted and as many as the vertices, triangle normals and colours
+    /// when wanted and as many as the triangles, of which there must be one at least (of a colour
+    /// matrix the columns are counted and the first row is written). Lists that do not fit are left
+    /// out.
+    ///
+    /// False when there are no vertices, when the columns take 4 GiB or more, or when the file
+    /// can't be opened, written or closed; in the first two cases no file is created.
+    static bool SaveTriangleMesh(ZyrVector3dArray& vertices, ZyrVector3dArray& vertexNormals,
+                                 cv::Mat& vertexColors, Zyr3DIntArray& triangles,
+                                 ZyrVector3dArray& triangleNormals, cv::Mat& triangleColors,
+                                 const char* path, bool withNormals, bool withColors);
+
+    /// Reads a triangle-mesh file into the arrays given (and so into whatever shares their stores).
+    ///
+    /// Normals are cleared unless wanted and in the file; a colour matrix is left alone unless it
+    /// is wanted and in the file, and is filled in place where it has the file's shape already.
+    /// Indices come back whatever their value, and so does NaN. "binary" and "binary_compressed"
+    /// bodies are read alike, as compressed. An "ascii" body is not read: the vertices are at the
+    /// origin and all indices 0. FACES may be missing, for a file without triangles, and so may
+    /// SIZE and COUNT.
+    ///
+    /// False when the file has no vertices, and for what LoadPointCloud says; the same header
+    /// faults stop the process, and a body that is cut short is no failure here either.
+    static bool LoadTriangleMesh(ZyrVector3dArray& vertices, ZyrVector3dArray& vertexNormals,
+                                 cv::Mat& vertexColors, Zyr3DIntArray& triangles,
+                                 ZyrVector3dArray& triangleNormals, cv::Mat& triangleColors,
+                                 const char* path, bool withNormals, bool withColors);
 };

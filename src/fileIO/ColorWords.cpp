@@ -35,6 +35,11 @@ std::vector<std::uint32_t> packColors(const cv::Mat& colors) {
     return words;
 }
 
+void setBlack(cv::Mat& colors, int n, int channels) {
+    colors.create(1, n, CV_8UC(channels));
+    colors.setTo(0);
+}
+
 void unpackColor(std::uint32_t word, cv::Mat& colors, std::size_t i) {
     int r, g, b, a;
     argb2RGBA(word, &r, &g, &b, &a);

@@ -21,6 +21,9 @@ bool hasColors(const cv::Mat& colors, std::size_t elements);
 /// one.
 std::vector<std::uint32_t> packColors(const cv::Mat& colors);
 
+/// Makes the matrix 1 x n of the channel count, in place where it is that already, all bytes 0.
+void setBlack(cv::Mat& colors, int n, int channels);
+
 /// Stores a word in the matrix's channels (b, g, r, a as far as they go) of element i.
 void unpackColor(std::uint32_t word, cv::Mat& colors, std::size_t i);
 

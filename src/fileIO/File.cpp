@@ -8,6 +8,14 @@ File openFile(const char* path, const char* mode) {
     return File(path == nullptr ? nullptr : std::fopen(path, mode));
 }
 
+bool writeAll(std::FILE* file, const void* bytes, std::size_t size) {
+    return std::fwrite(bytes, 1, size, file) == size;
+}
+
+bool closeFile(File& file) {
+    return std::fclose(file.release()) == 0;
+}
+
 std::vector<Byte> readUpTo(std::FILE* file, std::uint64_t size) {
     constexpr std::uint64_t kFirstStep = 1 << 20;
     std::vector<Byte> bytes;

@@ -84,25 +84,14 @@ std::uint64_t elementBytes(const PcdHeader& header, const Target& target, std::u
     return points * (sizeof(ZyrVector3d) * (target.withNormals ? 2 : 1) + channels);
 }
 
-void setOrigins(ZyrVector3dArray& vectors, int n) {
-    vectors.SetSize(n);
-    std::fill_n(vectors.Data(), static_cast<std::size_t>(n) * 3, 0.0);
-}
-
 void setSizes(const PcdHeader& header, const Target& target) {
     setOrigins(target.points, header.points);
     target.withNormals ? setOrigins(target.normals, header.points) : target.normals.Clear();
 }
 
-void setColorSize(cv::Mat& colors, int n, int channels) {
-    colors.create(1, n, CV_8UC(channels));
-    colors.setTo(0);
-}
-
 bool loadAscii(std::FILE* file, const PcdHeader& header, const Target& target) {
-    constexpr std::uint64_t kLeastBytes = 6;  // three digits, two spaces and a line feed
     const auto points = static_cast<std::uint64_t>(header.points);
-    if (!isBacked(elementBytes(header, target, 0), points * kLeastBytes, remainingBytes(file)))
+    if (!isBacked(elementBytes(header, target, 0), points * kLeastAsciiBytes, remainingBytes(file)))
         return false;
     setSizes(header, target);
     return true;
@@ -169,7 +158,7 @@ void storeRecord(const RecordReader& record, const PcdHeader& header, std::size_
 }
 
 bool loadBinary(std::FILE* file, const PcdHeader& header, const Target& target) {
-    const std::optional<ReadLayout> layout = readLayout(header, header.numFields);
+    const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::points);
     if (!layout) return false;
     const auto points = static_cast<std::uint64_t>(header.points);
     const std::uint64_t allocated = elementBytes(header, target, header.rgb >= 0 ? 4 : 0);
@@ -177,7 +166,7 @@ bool loadBinary(std::FILE* file, const PcdHeader& header, const Target& target) 
     const std::uint64_t neededBytes = std::max(layout->bodySize, points);
     if (!isBacked(allocated, neededBytes, remainingBytes(file))) return false;
     setSizes(header, target);
-    if (header.rgb >= 0) setColorSize(target.colors, header.points, 4);
+    if (header.rgb >= 0) setBlack(target.colors, header.points, 4);
     RecordReader record(file, *layout);
     bool isWhole = true;
     for (std::size_t i = 0; i < points && isWhole; ++i) {
@@ -187,49 +176,23 @@ bool loadBinary(std::FILE* file, const PcdHeader& header, const Target& target) 
     return true;
 }
 
-/// The three words before a compressed body. A file that ends among them has no body.
-struct Preamble {
-    std::optional<std::uint32_t> channels;
-    std::uint32_t streamSize = 0;
-    bool isCut = false;
-};
-
-Preamble readPreamble(std::FILE* file) {
-    const std::vector<Byte> bytes = readUpTo(file, 3 * sizeof(std::uint32_t));
-    ByteCursor cursor(bytes.data(), bytes.size());
-    Preamble preamble;
-    std::uint32_t channels;
-    std::uint32_t bodySizeWord;  // not consulted: the columns tell the size
-    if (cursor.take(channels)) preamble.channels = channels;
-    preamble.isCut = !cursor.take(preamble.streamSize) || !cursor.take(bodySizeWord);
-    return preamble;
-}
-
 bool loadCompressed(std::FILE* file, const PcdHeader& header, const Target& target) {
-    const std::optional<ReadLayout> layout = readLayout(header, header.numFields);
+    const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::points);
     if (!layout || !holdVectors(*layout, header.x)) return false;
     if (target.withNormals && !holdVectors(*layout, header.nx)) return false;
     if (target.withColors && !holdsWords(*layout, header.rgb)) return false;
-    const Preamble preamble = readPreamble(file);
-    if (target.withColors && preamble.channels && !isColorChannelCount(*preamble.channels))
-        return false;
+    const Preamble preamble = readPreamble(file, 1);
+    const std::optional<std::uint32_t> channels = preamble.channels[0];
+    if (target.withColors && channels && !isColorChannelCount(*channels)) return false;
     const std::uint64_t allocated =
-        elementBytes(header, target, target.withColors ? preamble.channels.value_or(0) : 0);
-    // A file that ends before its stream has a stated size of more than it holds.
-    const std::uint32_t streamSize = preamble.isCut ? 1 : preamble.streamSize;
-    const std::optional<ReadBody> body = readBody(file, *layout, streamSize, allocated);
+        elementBytes(header, target, target.withColors ? channels.value_or(0) : 0);
+    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
     if (!body) return false;
 
     setSizes(header, target);
     readVectors(*body, *layout, header.x, false, target.points);
     if (target.withNormals) readVectors(*body, *layout, header.nx, false, target.normals);
-    if (!target.withColors) return true;
-    if (!preamble.channels) {
-        target.colors.release();
-        return true;
-    }
-    setColorSize(target.colors, header.points, static_cast<int>(*preamble.channels));
-    readColors(*body, *layout, header.rgb, target.colors);
+    if (target.withColors) readColors(*body, *layout, header.rgb, channels, target.colors);
     return true;
 }
 

@@ -1,10 +1,13 @@
 #include "fileIO/ReadColumns.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <opencv2/core.hpp>
 
+#include "Zyr3DIntArray.h"
 #include "ZyrVector3dArray.h"
+#include "fileIO/ByteCursor.h"
 #include "fileIO/ColorWords.h"
 #include "fileIO/File.h"
 
@@ -47,15 +50,24 @@ void readComponent(const ReadBody& body, const ReadColumn& column, bool keepNaN,
     }
 }
 
+bool isInGroup(std::int32_t first, std::int32_t columns, std::int32_t i) {
+    return first >= 0 && i >= first && i < first + columns;
+}
+
+bool isFaceField(const PcdHeader& h, std::int32_t i) {
+    if (isInGroup(h.x, 3, i) || isInGroup(h.nx, 3, i) || isInGroup(h.rgb, 1, i)) return false;
+    return (h.fa >= 0 && i >= h.fa) || (h.fnx >= 0 && i >= h.fnx) || (h.frgb >= 0 && i >= h.frgb);
+}
+
 }  // namespace
 
-std::optional<ReadLayout> readLayout(const PcdHeader& header, std::int32_t firstFaceField) {
+std::optional<ReadLayout> readLayout(const PcdHeader& header, FieldsOf kind) {
     ReadLayout layout;
     for (std::int32_t i = 0; i < header.numFields; ++i) {
         const PcdField& field = header.fields[i];
+        const bool isFace = kind == FieldsOf::pointsAndFaces && isFaceField(header, i);
         ReadColumn column{layout.bodySize, 0, field.size, field.count, 0};
-        column.elements =
-            static_cast<std::uint64_t>(i < firstFaceField ? header.points : header.faces);
+        column.elements = static_cast<std::uint64_t>(isFace ? header.faces : header.points);
         column.stride =
             static_cast<std::uint64_t>(field.size) * static_cast<std::uint64_t>(field.count);
         if (!addProduct(column.stride, column.elements, layout.bodySize)) return {};
@@ -72,14 +84,32 @@ bool holdVectors(const ReadLayout& layout, std::int32_t first) {
     return true;
 }
 
+bool holdTriangles(const ReadLayout& layout, std::int32_t first) {
+    return holdsWords(layout, first) && holdsWords(layout, first + 1) &&
+           holdsWords(layout, first + 2);
+}
+
 bool holdsWords(const ReadLayout& layout, std::int32_t column) {
     return columnAt(layout, column).size == 4 && columnAt(layout, column).count >= 1;
 }
 
+Preamble readPreamble(std::FILE* file, std::size_t channelWords) {
+    const std::vector<Byte> bytes = readUpTo(file, (channelWords + 2) * sizeof(std::uint32_t));
+    ByteCursor cursor(bytes.data(), bytes.size());
+    Preamble preamble;
+    std::uint32_t word;
+    for (std::size_t i = 0; i < channelWords; ++i)
+        if (cursor.take(word)) preamble.channels[i] = word;
+    // The last word, the body's size, is not consulted: the columns tell it.
+    preamble.isCut = !cursor.take(preamble.streamSize) || !cursor.take(word);
+    return preamble;
+}
+
 std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
-                                 std::uint32_t streamSize, std::uint64_t elementBytes) {
-    const std::vector<Byte> stream = readUpTo(file, streamSize);
-    const bool isCut = stream.size() < streamSize;
+                                 const Preamble& preamble, std::uint64_t elementBytes) {
+    const std::vector<Byte> stream =
+        preamble.isCut ? std::vector<Byte>() : readUpTo(file, preamble.streamSize);
+    const bool isCut = preamble.isCut || stream.size() < preamble.streamSize;
     const std::uint64_t allocated = std::max(layout.bodySize, elementBytes);
     if (!isBacked(allocated, layout.bodySize, stream.size() * kMaxExpansion)) return {};
     Buffer bytes(layout.bodySize);
@@ -89,6 +119,11 @@ std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
     const bool isPart = result.end == LzfEnd::Whole || result.end == LzfEnd::Cut;
     if (!(isCut ? isPart : isExact)) return {};
     return ReadBody{std::move(bytes), result.produced};
+}
+
+void setOrigins(ZyrVector3dArray& vectors, int n) {
+    vectors.SetSize(n);
+    std::fill_n(vectors.Data(), static_cast<std::size_t>(n) * 3, 0.0);
 }
 
 void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t first, bool keepNaN,
@@ -102,9 +137,25 @@ void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t fi
     }
 }
 
+void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t first,
+                   Zyr3DIntArray& triangles) {
+    for (std::int32_t k = 0; k < 3; ++k) {
+        const ReadColumn& column = columnAt(layout, first + k);
+        const std::uint64_t present = valuesPresent(column, body.present);
+        int* corner = triangles.Data() + k;
+        for (std::uint64_t i = 0; i < present; ++i, corner += 3)
+            *corner = valueAt<int>(body, column, i);
+    }
+}
+
 void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
-                cv::Mat& colors) {
+                std::optional<std::uint32_t> channels, cv::Mat& colors) {
+    if (!channels) {
+        colors.release();
+        return;
+    }
     const ReadColumn& words = columnAt(layout, column);
+    setBlack(colors, static_cast<int>(words.elements), static_cast<int>(*channels));
     const std::uint64_t present = valuesPresent(words, body.present);
     for (std::uint64_t i = 0; i < present; ++i)
         unpackColor(valueAt<std::uint32_t>(body, words, i), colors, i);

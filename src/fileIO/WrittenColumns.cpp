@@ -1,8 +1,10 @@
 #include "fileIO/WrittenColumns.h"
 
+#include <array>
 #include <cstring>
 #include <limits>
 
+#include "Zyr3DIntArray.h"
 #include "ZyrVector3dArray.h"
 
 namespace zyr {
@@ -32,16 +34,25 @@ std::string line(const char* keyword, const WrittenColumns& columns, Text text) 
     return result + "\n";
 }
 
+/// Three columns of values that lie x0 y0 z0 x1 ...
+template <class T>
+void addTriples(WrittenColumns& columns, const std::array<const char*, 3>& names, char type,
+                const T* data, int elements) {
+    const auto* first = reinterpret_cast<const Byte*>(data);
+    for (std::size_t i = 0; i < 3; ++i)
+        columns.push_back({names[i], type, sizeof(T), first + i * sizeof(T), 3 * sizeof(T),
+                           static_cast<std::size_t>(elements)});
+}
+
 }  // namespace
 
 void addVectors(WrittenColumns& columns, const char* x, const char* y, const char* z,
                 const ZyrVector3dArray& vectors) {
-    const auto* data = reinterpret_cast<const Byte*>(vectors.Data());
-    const auto length = static_cast<std::size_t>(vectors.Length());
-    const char* names[] = {x, y, z};
-    for (std::size_t i = 0; i < 3; ++i)
-        columns.push_back(
-            {names[i], 'F', sizeof(double), data + i * sizeof(double), 3 * sizeof(double), length});
+    addTriples(columns, {x, y, z}, 'F', vectors.Data(), vectors.Length());
+}
+
+void addTriangles(WrittenColumns& columns, const Zyr3DIntArray& triangles) {
+    addTriples(columns, {"fa", "fb", "fc"}, 'U', triangles.Data(), triangles.Length() / 3);
 }
 
 void addWords(WrittenColumns& columns, const char* name, const std::vector<std::uint32_t>& words) {

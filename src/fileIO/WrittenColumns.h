@@ -6,6 +6,7 @@
 
 #include "fileIO/Buffer.h"
 
+class Zyr3DIntArray;
 class ZyrVector3dArray;
 
 /// The columns of a point-cloud or mesh file on its way out: one list of them drives the header's
@@ -26,6 +27,9 @@ using WrittenColumns = std::vector<WrittenColumn>;
 
 void addVectors(WrittenColumns& columns, const char* x, const char* y, const char* z,
                 const ZyrVector3dArray& vectors);
+
+/// The indices of whole triangles.
+void addTriangles(WrittenColumns& columns, const Zyr3DIntArray& triangles);
 
 /// The words must outlive the columns.
 void addWords(WrittenColumns& columns, const char* name, const std::vector<std::uint32_t>& words);

@@ -15,8 +15,8 @@ zyr::PcdHeader header(const std::string& lines) {
 }  // namespace
 
 TEST(ReadColumns, LieOneBehindTheOther) {
-    const auto layout =
-        zyr::readLayout(header("FIELDS x y z a\nSIZE 8 8 4 2\nCOUNT 1 1 1 3\nPOINTS 10\n"), 4);
+    const auto layout = zyr::readLayout(
+        header("FIELDS x y z a\nSIZE 8 8 4 2\nCOUNT 1 1 1 3\nPOINTS 10\n"), zyr::FieldsOf::points);
     ASSERT_TRUE(layout.has_value());
     ASSERT_EQ(layout->columns.size(), 4U);
     EXPECT_EQ(layout->columns[1].offset, 80U);
@@ -29,7 +29,7 @@ TEST(ReadColumns, LieOneBehindTheOther) {
 TEST(ReadColumns, FaceFieldsHaveOneElementAFace) {
     const auto layout = zyr::readLayout(
         header("FIELDS x y z fa fb fc\nSIZE 8 8 8 4 4 4\nCOUNT 1 1 1 1 1 1\nPOINTS 10\nFACES 3\n"),
-        3);
+        zyr::FieldsOf::pointsAndFaces);
     ASSERT_TRUE(layout.has_value());
     EXPECT_EQ(layout->columns[2].elements, 10U);
     EXPECT_EQ(layout->columns[3].elements, 3U);
@@ -40,16 +40,16 @@ TEST(ReadColumns, SizesBeyond64BitsGiveNone) {
     const std::string most = "2147483647";
     const auto product = header("FIELDS x y z\nSIZE " + most + " 1 1\nCOUNT " + most +
                                 " 1 1\nPOINTS " + most + "\n");
-    EXPECT_FALSE(zyr::readLayout(product, 3).has_value());
+    EXPECT_FALSE(zyr::readLayout(product, zyr::FieldsOf::points).has_value());
     const std::string eight = "2147483647 2147483647 2147483647 2147483647 2147483647";
     const auto sum =
         header("FIELDS x y z a b\nSIZE " + eight + "\nCOUNT " + eight + "\nPOINTS 4\n");
-    EXPECT_FALSE(zyr::readLayout(sum, 5).has_value());
+    EXPECT_FALSE(zyr::readLayout(sum, zyr::FieldsOf::points).has_value());
 }
 
 TEST(ReadColumns, NaNIsKeptWhereAskedFor) {
-    const auto layout =
-        zyr::readLayout(header("FIELDS x y z\nSIZE 8 8 8\nCOUNT 1 1 1\nPOINTS 1\n"), 3);
+    const auto layout = zyr::readLayout(header("FIELDS x y z\nSIZE 8 8 8\nCOUNT 1 1 1\nPOINTS 1\n"),
+                                        zyr::FieldsOf::points);
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const test::Bytes bytes = test::bytesOf<double>({nan, 2, nan});
     zyr::ReadBody body{zyr::Buffer(24), 24};

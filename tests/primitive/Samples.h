@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Zyr3DData.h"
+#include "primitive/Conditions.h"
+
+/// For each primitive one that passes its test and one that fails it, neither with a field as in a
+/// default one.
+namespace test {
+
+inline const ZyrVector3d kSomewhere(1, 2, 3);
+inline const ZyrVector3d kTurned(10, 20, 30);
+
+template <class Primitive>
+struct Sample;
+
+template <>
+struct Sample<Zyr3DArc> {
+    static Zyr3DArc good() { return Zyr3DArc(kSomewhere, kTurned, 5, 45, 90); }
+    static Zyr3DArc bad() { return Zyr3DArc(kSomewhere, kTurned, 5, 361, 90); }
+};
+
+template <>
+struct Sample<Zyr3DCircle> {
+    static Zyr3DCircle good() { return Zyr3DCircle(kSomewhere, ZyrVector3d(0, 0, 2), 5); }
+    static Zyr3DCircle bad() { return Zyr3DCircle(kSomewhere, ZyrVector3d(0, 0, 2), -5); }
+};
+
+template <>
+struct Sample<Zyr3DEllipse> {
+    static Zyr3DEllipse good() { return Zyr3DEllipse(kSomewhere, kTurned, 5, 4); }
+    static Zyr3DEllipse bad() { return Zyr3DEllipse(kSomewhere, kTurned, 5, -4); }
+};
+
+template <>
+struct Sample<Zyr3DRect> {
+    static Zyr3DRect good() { return Zyr3DRect(kSomewhere, kTurned, 5, 4); }
+    static Zyr3DRect bad() { return Zyr3DRect(kSomewhere, kTurned, 5, -4); }
+};
+
+template <>
+struct Sample<Zyr3DTriangle> {
+    static Zyr3DTriangle good() {
+        return Zyr3DTriangle(kSomewhere, ZyrVector3d(4, 5, 6), ZyrVector3d(7, 8, 10));
+    }
+    static Zyr3DTriangle bad() {
+        return Zyr3DTriangle(kSomewhere, ZyrVector3d(4, 5, 6), ZyrVector3d(7, 8, 9));
+    }
+};
+
+}  // namespace test
