@@ -1,5 +1,7 @@
 #include "CloudFrame.h"
 
+#include <limits>
+
 #include "CloudFile.h"
 #include "Outcome.h"
 
@@ -8,6 +10,9 @@ namespace zyr {
 Frame readCloudFrame(const std::string& path) {
     CloudFile file = loadCloudFile(path);
     if (file.cloud.Length() == 0) throw FileTrouble(path + ": holds no points");
+    // A cloud is built from a count of values, three a point, that is an int.
+    if (file.cloud.Length() > std::numeric_limits<int>::max() / 3)
+        throw FileTrouble(path + ": too many points");
     const bool isGrid = file.header.height > 1;
     const int rows = isGrid ? static_cast<int>(file.header.height) : 1;
     const int columns = file.cloud.Length() / rows;
