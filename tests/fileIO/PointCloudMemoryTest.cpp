@@ -18,13 +18,16 @@ namespace {
 
 constexpr int kPoints = 2000000;
 
-/// No more address space than the process has, and a little.
+/// Takes all memory but small pieces, what the allocator keeps from earlier tests included.
 void limitMemory() {
     rlim_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages;
     const rlim_t most = pages * 4096 + (rlim_t(16) << 20);
     const rlimit limit{most, most};
     setrlimit(RLIMIT_AS, &limit);
+    static void* volatile taken;  // volatile, so that the allocations are not optimised away
+    do taken = std::malloc(1 << 20);
+    while (taken != nullptr);
 }
 
 }  // namespace
