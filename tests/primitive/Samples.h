@@ -14,6 +14,30 @@ template <class Primitive>
 struct Sample;
 
 template <>
+struct Sample<Zyr3DLine> {
+    static Zyr3DLine good() { return Zyr3DLine(kSomewhere, ZyrVector3d(0.5, 2, 3)); }
+    static Zyr3DLine bad() { return Zyr3DLine(kSomewhere, ZyrVector3d(0.5, 0.6, 0.7)); }
+};
+
+template <>
+struct Sample<Zyr3DLineSegment> {
+    static Zyr3DLineSegment good() { return Zyr3DLineSegment(kSomewhere, kTurned); }
+    static Zyr3DLineSegment bad() {
+        return Zyr3DLineSegment(kSomewhere, ZyrVector3d(1, 2, kInfinity));
+    }
+};
+
+template <>
+struct Sample<Zyr3DPlane> {
+    static Zyr3DPlane good() { return Zyr3DPlane(kSomewhere, ZyrVector3d(0, 3, 4)); }
+    static Zyr3DPlane bad() {
+        Zyr3DPlane plane = good();
+        plane.normal = ZyrVector3d(0, 0, 1e-6);
+        return plane;
+    }
+};
+
+template <>
 struct Sample<Zyr3DArc> {
     static Zyr3DArc good() { return Zyr3DArc(kSomewhere, kTurned, 5, 45, 90); }
     static Zyr3DArc bad() { return Zyr3DArc(kSomewhere, kTurned, 5, 361, 90); }
