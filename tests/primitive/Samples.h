@@ -71,4 +71,32 @@ struct Sample<Zyr3DTriangle> {
     }
 };
 
+template <>
+struct Sample<Zyr3DSphere> {
+    static Zyr3DSphere good() { return Zyr3DSphere(kSomewhere, 5); }
+    static Zyr3DSphere bad() { return Zyr3DSphere(kSomewhere, -5); }
+};
+
+template <>
+struct Sample<Zyr3DCylinder> {
+    static Zyr3DCylinder good() { return Zyr3DCylinder(kSomewhere, kTurned, 5, 4); }
+    static Zyr3DCylinder bad() { return Zyr3DCylinder(kSomewhere, kTurned, 5, -4); }
+};
+
+template <>
+struct Sample<Zyr3DTube> {
+    static Zyr3DTube good() { return Zyr3DTube(kSomewhere, kTurned, 5, 6, 4); }
+    static Zyr3DTube bad() { return Zyr3DTube(kSomewhere, kTurned, 6, 5, 4); }
+};
+
+template <>
+struct Sample<Zyr3DTorus> {
+    static Zyr3DTorus good() {
+        return Zyr3DTorus(kSomewhere, kTurned, 5, 6, 45, 90, Zyr3DTorusType1);
+    }
+    static Zyr3DTorus bad() {
+        return Zyr3DTorus(kSomewhere, kTurned, 5, 6, 361, 90, Zyr3DTorusType1);
+    }
+};
+
 }  // namespace test
