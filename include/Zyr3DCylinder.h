@@ -22,7 +22,7 @@ public:
 
     /// Whether centre and direction are valid, height and radius lie strictly between 0 and the
     /// invalid value, and the direction is longer than 1.1e-5. Otherwise the cylinder becomes a
-    /// default one. Zyr3DTube bounds neither.
+    /// default one. Zyr3DTube has no such upper bounds.
     bool IsValid();
 
 private:

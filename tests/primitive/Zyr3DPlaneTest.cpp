@@ -117,10 +117,16 @@ TEST(Zyr3DPlane, ThroughAnInvalidPointIsADefaultOne) {
     }
 }
 
-TEST(Zyr3DPlane, ThroughPointsThatAreTooFarApartIsADefaultOne) {
-    const ZyrVector3d far(3e38, 3e38, 0), origin(0, 0, 0), near(0, 0, 1);
-    EXPECT_TRUE(areIdentical(Zyr3DPlane(far, origin, near), Zyr3DPlane()));
-    EXPECT_TRUE(areIdentical(Zyr3DPlane(near, origin, far), Zyr3DPlane()));
+// The near point lies so near that the product alone would pass.
+TEST(Zyr3DPlane, ThroughPointsThatAreTooFarFromTheMiddleOneIsADefaultOne) {
+    const ZyrVector3d far(3e38, 3e38, 0), middle(0, 0, 0), near(0, 0, 1e-10);
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(far, middle, near), Zyr3DPlane()));
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(near, middle, far), Zyr3DPlane()));
+}
+
+TEST(Zyr3DPlane, OuterPointsMayLieFartherApartThanTheInvalidValue) {
+    const Zyr3DPlane plane({-2e38, 0, 0}, {0, 0, 0}, {2e38, 1e-30, 0});
+    EXPECT_EQ(values(plane.normal), (std::vector<double>{0, 0, -1}));
 }
 
 TEST(Zyr3DPlane, ThroughThreePointsNeedsAProductShorterThanTheInvalidValue) {
