@@ -3,9 +3,10 @@
 #include <cmath>
 #include <cstring>
 #include <opencv2/core.hpp>
+#include <utility>
 
-/// The arithmetic of the square matrices, written once for any size. Every result has the bits that
-/// cv::Mat gives.
+/// The arithmetic of the square matrices, in place and once for any size. Every result has the bits
+/// that cv::Mat gives.
 namespace zyr {
 
 template <int N>
@@ -19,64 +20,74 @@ bool hasElement(int row, int col) {
 
 /// What OpenCV's own inverse and determinant work on.
 template <int N>
-cv::Matx<double, N, N> toMatx(const Rows<N>& a) {
-    return cv::Matx<double, N, N>(&a[0][0]);
+cv::Matx<double, N, N> toMatx(const Rows<N>& m) {
+    return cv::Matx<double, N, N>(&m[0][0]);
 }
 
 template <int N>
-double frobeniusNorm(const Rows<N>& a) {
+double frobeniusNorm(const Rows<N>& m) {
     double sum = 0.0;
-    for (const auto& row : a)
+    for (const auto& row : m)
         for (const double element : row) sum += element * element;
     return std::sqrt(sum);
 }
 
 template <int N>
-double determinant(const Rows<N>& a) {
-    return cv::determinant(toMatx(a));
+double determinant(const Rows<N>& m) {
+    return cv::determinant(toMatx(m));
 }
 
 /// OpenCV gives the zero matrix for a singular one.
 template <int N>
-void invert(const Rows<N>& a, Rows<N>& out) {
-    const cv::Matx<double, N, N> inverse = toMatx(a).inv(cv::DECOMP_LU);
-    std::memcpy(out, inverse.val, sizeof out);
+void invert(Rows<N>& m) {
+    const cv::Matx<double, N, N> inverse = toMatx(m).inv(cv::DECOMP_LU);
+    std::memcpy(m, inverse.val, sizeof m);
 }
 
 template <int N>
-void transpose(const Rows<N>& a, Rows<N>& out) {
+void transpose(Rows<N>& m) {
     for (int r = 0; r < N; ++r)
-        for (int c = 0; c < N; ++c) out[r][c] = a[c][r];
+        for (int c = 0; c < r; ++c) std::swap(m[r][c], m[c][r]);
 }
 
-/// The sums start from +0.0, as OpenCV's do: a row of negative zeros gives +0.0.
+/// A row at a time, which the compiler keeps in registers. The sums start from +0.0, as OpenCV's
+/// do: a row of negative zeros gives +0.0.
 template <int N>
-void multiply(const Rows<N>& a, const Rows<N>& b, Rows<N>& out) {
-    for (int r = 0; r < N; ++r)
-        for (int c = 0; c < N; ++c) {
-            double sum = 0.0;
-            for (int k = 0; k < N; ++k) sum += a[r][k] * b[k][c];
-            out[r][c] = sum;
-        }
+void multiply(Rows<N>& m, const Rows<N>& other) {
+    for (auto& row : m) {
+        double sums[N] = {};
+#pragma GCC unroll 4
+        for (int k = 0; k < N; ++k)
+#pragma GCC unroll 4
+            for (int c = 0; c < N; ++c) sums[c] += row[k] * other[k][c];
+#pragma GCC unroll 4
+        for (int c = 0; c < N; ++c) row[c] = sums[c];
+    }
 }
 
-template <int N, class Operation>
-void combine(const Rows<N>& a, const Rows<N>& b, Rows<N>& out, Operation operation) {
+template <int N>
+void add(Rows<N>& m, const Rows<N>& other) {
     for (int r = 0; r < N; ++r)
-        for (int c = 0; c < N; ++c) out[r][c] = operation(a[r][c], b[r][c]);
+        for (int c = 0; c < N; ++c) m[r][c] += other[r][c];
+}
+
+template <int N>
+void subtract(Rows<N>& m, const Rows<N>& other) {
+    for (int r = 0; r < N; ++r)
+        for (int c = 0; c < N; ++c) m[r][c] -= other[r][c];
 }
 
 /// OpenCV scales and then adds 0.0: a product of -0.0 comes out as +0.0.
 template <int N>
-void scale(const Rows<N>& a, double factor, Rows<N>& out) {
-    for (int r = 0; r < N; ++r)
-        for (int c = 0; c < N; ++c) out[r][c] = a[r][c] * factor + 0.0;
+void scale(Rows<N>& m, double factor) {
+    for (auto& row : m)
+        for (double& element : row) element = element * factor + 0.0;
 }
 
 template <int N>
-void shift(const Rows<N>& a, double summand, Rows<N>& out) {
-    for (int r = 0; r < N; ++r)
-        for (int c = 0; c < N; ++c) out[r][c] = a[r][c] + summand;
+void shift(Rows<N>& m, double summand) {
+    for (auto& row : m)
+        for (double& element : row) element += summand;
 }
 
 template <int N>

@@ -1,7 +1,5 @@
 #include "ZyrMatrix3.h"
 
-#include <functional>
-
 #include "transform/MatrixRules.h"
 
 double ZyrMatrix3::Value(int row, int col) const {
@@ -21,38 +19,38 @@ double ZyrMatrix3::Determinant() const {
 }
 
 ZyrMatrix3 ZyrMatrix3::Transposed() const {
-    ZyrMatrix3 result;
-    zyr::transpose(rows_, result.rows_);
+    ZyrMatrix3 result = *this;
+    zyr::transpose(result.rows_);
     return result;
 }
 
 ZyrMatrix3 ZyrMatrix3::Inverse() const {
-    ZyrMatrix3 result;
-    zyr::invert(rows_, result.rows_);
+    ZyrMatrix3 result = *this;
+    zyr::invert(result.rows_);
     return result;
 }
 
 ZyrMatrix3 ZyrMatrix3::operator*(const ZyrMatrix3& other) {
-    ZyrMatrix3 result;
-    zyr::multiply(rows_, other.rows_, result.rows_);
+    ZyrMatrix3 result = *this;
+    zyr::multiply(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix3 ZyrMatrix3::operator+(const ZyrMatrix3& other) {
-    ZyrMatrix3 result;
-    zyr::combine(rows_, other.rows_, result.rows_, std::plus<double>());
+    ZyrMatrix3 result = *this;
+    zyr::add(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix3 ZyrMatrix3::operator-(const ZyrMatrix3& other) {
-    ZyrMatrix3 result;
-    zyr::combine(rows_, other.rows_, result.rows_, std::minus<double>());
+    ZyrMatrix3 result = *this;
+    zyr::subtract(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix3 ZyrMatrix3::operator*(double factor) {
-    ZyrMatrix3 result;
-    zyr::scale(rows_, factor, result.rows_);
+    ZyrMatrix3 result = *this;
+    zyr::scale(result.rows_, factor);
     return result;
 }
 
@@ -61,8 +59,8 @@ ZyrMatrix3 ZyrMatrix3::operator/(double divisor) {
 }
 
 ZyrMatrix3 ZyrMatrix3::operator+(double summand) {
-    ZyrMatrix3 result;
-    zyr::shift(rows_, summand, result.rows_);
+    ZyrMatrix3 result = *this;
+    zyr::shift(result.rows_, summand);
     return result;
 }
 

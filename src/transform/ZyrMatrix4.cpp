@@ -1,7 +1,5 @@
 #include "ZyrMatrix4.h"
 
-#include <functional>
-
 #include "transform/MatrixRules.h"
 
 double ZyrMatrix4::Value(int row, int col) const {
@@ -21,38 +19,38 @@ double ZyrMatrix4::Determinant() const {
 }
 
 ZyrMatrix4 ZyrMatrix4::Transposed() const {
-    ZyrMatrix4 result;
-    zyr::transpose(rows_, result.rows_);
+    ZyrMatrix4 result = *this;
+    zyr::transpose(result.rows_);
     return result;
 }
 
 ZyrMatrix4 ZyrMatrix4::Inverse() const {
-    ZyrMatrix4 result;
-    zyr::invert(rows_, result.rows_);
+    ZyrMatrix4 result = *this;
+    zyr::invert(result.rows_);
     return result;
 }
 
 ZyrMatrix4 ZyrMatrix4::operator*(const ZyrMatrix4& other) {
-    ZyrMatrix4 result;
-    zyr::multiply(rows_, other.rows_, result.rows_);
+    ZyrMatrix4 result = *this;
+    zyr::multiply(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix4 ZyrMatrix4::operator+(const ZyrMatrix4& other) {
-    ZyrMatrix4 result;
-    zyr::combine(rows_, other.rows_, result.rows_, std::plus<double>());
+    ZyrMatrix4 result = *this;
+    zyr::add(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix4 ZyrMatrix4::operator-(const ZyrMatrix4& other) {
-    ZyrMatrix4 result;
-    zyr::combine(rows_, other.rows_, result.rows_, std::minus<double>());
+    ZyrMatrix4 result = *this;
+    zyr::subtract(result.rows_, other.rows_);
     return result;
 }
 
 ZyrMatrix4 ZyrMatrix4::operator*(double factor) {
-    ZyrMatrix4 result;
-    zyr::scale(rows_, factor, result.rows_);
+    ZyrMatrix4 result = *this;
+    zyr::scale(result.rows_, factor);
     return result;
 }
 
@@ -61,8 +59,8 @@ ZyrMatrix4 ZyrMatrix4::operator/(double divisor) {
 }
 
 ZyrMatrix4 ZyrMatrix4::operator+(double summand) {
-    ZyrMatrix4 result;
-    zyr::shift(rows_, summand, result.rows_);
+    ZyrMatrix4 result = *this;
+    zyr::shift(result.rows_, summand);
     return result;
 }
 
