@@ -50,8 +50,8 @@ void transpose(Rows<N>& m) {
         for (int c = 0; c < r; ++c) std::swap(m[r][c], m[c][r]);
 }
 
-/// A row at a time, which the compiler keeps in registers. The sums start from +0.0, as OpenCV's
-/// do: a row of negative zeros gives +0.0.
+/// A row at a time; unrolled, its sums stay in registers. They start from +0.0, as OpenCV's do: a
+/// row of negative zeros gives +0.0.
 template <int N>
 void multiply(Rows<N>& m, const Rows<N>& other) {
     for (auto& row : m) {

@@ -230,8 +230,10 @@ TEST(DualQuaternionSlerp, EndsAtTheNormalisedOnesForZeroAndOne) {
 
 TEST(DualQuaternionSlerp, TakesTheShorterArc) {
     const ZyrDualQuaternion p = motion(test::aboutZ(90) * -1.0, 0, 0, 4);
-    const ZyrDualQuaternion out = mixed(&ZyrDualQuaternion::SLERP, identity(), p, 1);
-    test::expectNear(test::values(out), test::values(motion(test::aboutZ(90), 0, 0, 4)), 1e-6);
+    const ZyrDualQuaternion end = mixed(&ZyrDualQuaternion::SLERP, identity(), p, 1);
+    test::expectNear(test::values(end), test::values(motion(test::aboutZ(90), 0, 0, 4)), 1e-6);
+    const ZyrDualQuaternion third = mixed(&ZyrDualQuaternion::SLERP, identity(), p, 1.0 / 3);
+    test::expectNear(test::values(third.real), test::values(test::aboutZ(30)), 1e-6);
 }
 
 TEST(DualQuaternionSlerp, ExtrapolatesAlongTheSameArc) {
