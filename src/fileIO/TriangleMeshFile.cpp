@@ -138,11 +138,20 @@ bool areApart(const std::array<Group, 6>& groups) {
     return true;
 }
 
+constexpr std::uint64_t kVectorBytes = 24;
+constexpr std::uint64_t kTriangleBytes = 12;
+
 std::uint64_t elementBytes(const PcdHeader& header, const Wanted& wanted) {
     const auto points = static_cast<std::uint64_t>(header.points);
     const auto faces = static_cast<std::uint64_t>(header.faces);
     return points * (24 + (wanted.vertexNormals ? 24 : 0) + (wanted.vertexColors ? 4 : 0)) +
            faces * (12 + (wanted.triangleNormals ? 24 : 0) + (wanted.triangleColors ? 4 : 0));
+}
+
+/// Bytes of the vertices and triangles that the body has no columns for, and so nothing to back.
+std::uint64_t unbackedBytes(const PcdHeader& header) {
+    return (header.x < 0 ? static_cast<std::uint64_t>(header.points) * kVectorBytes : 0) +
+           (header.fa < 0 ? static_cast<std::uint64_t>(header.faces) * kTriangleBytes : 0);
 }
 
 /// The vertices come last: where lists share a store, its length is theirs.
@@ -195,6 +204,8 @@ void readLists(const ReadBody& body, const ReadLayout& layout, const PcdHeader& 
 bool loadBody(std::FILE* file, const PcdHeader& header, const Wanted& wanted, const Mesh& mesh) {
     const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::pointsAndFaces);
     if (!layout || !canRead(*layout, header, wanted)) return false;
+    const std::uint64_t unbacked = unbackedBytes(header);
+    if (!isBacked(unbacked, unbacked, 0)) return false;
     const Preamble preamble = readPreamble(file, 2);
     if (wanted.vertexColors && !isUsable(preamble.channels[0])) return false;
     if (wanted.triangleColors && !isUsable(preamble.channels[1])) return false;
