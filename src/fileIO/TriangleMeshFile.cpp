@@ -141,11 +141,14 @@ bool areApart(const std::array<Group, 6>& groups) {
 constexpr std::uint64_t kVectorBytes = 24;
 constexpr std::uint64_t kTriangleBytes = 12;
 
-std::uint64_t elementBytes(const PcdHeader& header, const Wanted& wanted) {
+/// Bytes of all that is read, with colours of so many channels.
+std::uint64_t elementBytes(const PcdHeader& header, const Wanted& wanted,
+                           std::uint32_t vertexChannels, std::uint32_t triangleChannels) {
     const auto points = static_cast<std::uint64_t>(header.points);
     const auto faces = static_cast<std::uint64_t>(header.faces);
-    return points * (24 + (wanted.vertexNormals ? 24 : 0) + (wanted.vertexColors ? 4 : 0)) +
-           faces * (12 + (wanted.triangleNormals ? 24 : 0) + (wanted.triangleColors ? 4 : 0));
+    return points * (kVectorBytes * (wanted.vertexNormals ? 2 : 1) + vertexChannels) +
+           faces *
+               (kTriangleBytes + (wanted.triangleNormals ? kVectorBytes : 0) + triangleChannels);
 }
 
 /// Bytes of the vertices and triangles that the body has no columns for, and so nothing to back.
@@ -169,7 +172,7 @@ bool loadAscii(std::FILE* file, const PcdHeader& header, const Wanted& wanted, c
     const std::uint64_t elements =
         static_cast<std::uint64_t>(header.points) + static_cast<std::uint64_t>(header.faces);
     const std::uint64_t needed = elements * kLeastAsciiBytes;
-    if (!isBacked(elementBytes(header, wanted), needed, remainingBytes(file))) return false;
+    if (!isBacked(elementBytes(header, wanted, 0, 0), needed, remainingBytes(file))) return false;
     setSizes(header, wanted, mesh);
     return true;
 }
@@ -209,8 +212,10 @@ bool loadBody(std::FILE* file, const PcdHeader& header, const Wanted& wanted, co
     const Preamble preamble = readPreamble(file, 2);
     if (wanted.vertexColors && !isUsable(preamble.channels[0])) return false;
     if (wanted.triangleColors && !isUsable(preamble.channels[1])) return false;
-    const std::optional<ReadBody> body =
-        readBody(file, *layout, preamble, elementBytes(header, wanted));
+    const std::uint64_t allocated =
+        elementBytes(header, wanted, wanted.vertexColors ? preamble.channels[0].value_or(0) : 0,
+                     wanted.triangleColors ? preamble.channels[1].value_or(0) : 0);
+    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
     if (!body) return false;
     setSizes(header, wanted, mesh);
     readLists(*body, *layout, header, wanted, preamble, mesh);
