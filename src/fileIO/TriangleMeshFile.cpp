@@ -121,8 +121,15 @@ void setWidths(PcdHeader& header) {
             header.fields[group.first + k].size = group.width;
 }
 
-/// The known widths, and one value an element, hold where a file does not state them.
+/// The fields that every mesh has hold where a file does not name any, their widths and one value
+/// an element where it does not state them.
 void completeHeader(PcdHeader& header) {
+    if (header.numFields == 0) {
+        header.x = 0;
+        header.fa = 3;
+        header.numFields = 6;
+        header.hasSize = header.hasCount = false;
+    }
     if (!header.hasSize) setWidths(header);
     if (header.hasCount) return;
     for (PcdField& field : header.fields) field.count = 1;
