@@ -6,6 +6,7 @@
 
 #include "Zyr3DFileIO.h"
 #include "Zyr3DInner.h"
+#include "primitive/Collinear.h"
 
 namespace {
 
@@ -25,19 +26,29 @@ struct Corners {
     int a, b, c;
 };
 
-bool isValidTriangle(const Corners& corners, const ZyrVector3dArray& vertices) {
-    return corners.areDifferent() && corners.areIn(vertices.Length()) &&
-           Zyr3DTriangle(vertices[corners.a], vertices[corners.b], vertices[corners.c]).IsValid();
+bool isPoint(const ZyrVector3d& v) {
+    return v.x < zyr::kInvalidValue && v.y < zyr::kInvalidValue && v.z < zyr::kInvalidValue;
 }
 
-/// The indices of whole triangles, each shifted; they wrap around at 32 bits.
-Zyr3DIntArray shifted(const Zyr3DIntArray& triangles, int shift) {
-    Zyr3DIntArray result(triangles.Data(), triangles.Length() / 3 * 3);
-    int* indices = result.Data();
-    for (int i = 0; i < result.Length(); ++i)
-        indices[i] =
-            static_cast<int>(static_cast<unsigned>(indices[i]) + static_cast<unsigned>(shift));
-    return result;
+/// Vertices as a flat run.
+struct Vertices {
+    explicit Vertices(const ZyrVector3dArray& array)
+        : first(reinterpret_cast<const ZyrVector3d*>(array.Data())), count(array.Length()) {}
+
+    /// What Zyr3DTriangle's own test gives, without a triangle and a call for each.
+    bool makeTriangle(const Corners& corners) const {
+        if (!corners.areDifferent() || !corners.areIn(count)) return false;
+        const ZyrVector3d &a = first[corners.a], &b = first[corners.b], &c = first[corners.c];
+        return isPoint(a) && isPoint(b) && isPoint(c) && !zyr::isCollinear(a, b, c);
+    }
+
+    const ZyrVector3d* first;
+    int count;
+};
+
+/// Wraps around at 32 bits.
+int shifted(int index, int shift) {
+    return static_cast<int>(static_cast<unsigned>(index) + static_cast<unsigned>(shift));
 }
 
 bool isMeshPath(const char* path) {
@@ -173,7 +184,7 @@ bool ZyrTriangleMesh::IsValidVertex(int i) const {
 }
 
 bool ZyrTriangleMesh::IsValidTriangle(int t) const {
-    return isIn(t, NumTriangles()) && isValidTriangle(Corners(triangles_, t), vertices_);
+    return isIn(t, NumTriangles()) && Vertices(vertices_).makeTriangle(Corners(triangles_, t));
 }
 
 int ZyrTriangleMesh::NumValidVertices() const {
@@ -181,10 +192,11 @@ int ZyrTriangleMesh::NumValidVertices() const {
 }
 
 int ZyrTriangleMesh::NumValidTriangles() const {
-    int valid = 0;
+    const Vertices vertices(vertices_);
     const int* indices = triangles_.Data();
-    for (int t = 0; t < NumTriangles(); ++t, indices += 3)
-        valid += isValidTriangle(Corners(indices), vertices_) ? 1 : 0;
+    int valid = 0;
+    for (int left = NumTriangles(); left > 0; --left, indices += 3)
+        valid += vertices.makeTriangle(Corners(indices)) ? 1 : 0;
     return valid;
 }
 
@@ -219,9 +231,7 @@ void ZyrTriangleMesh::SelectTriangle(int t, Zyr3DTriangle* out) {
     if (corners.a > NumVertices() || corners.b > NumVertices() || corners.c > NumValidVertices())
         return;
     const ZyrVector3dArray& vertices = vertices_;  // by value, whatever the index
-    out->a = vertices[corners.a];
-    out->b = vertices[corners.b];
-    out->c = vertices[corners.c];
+    *out = Zyr3DTriangle(vertices[corners.a], vertices[corners.b], vertices[corners.c]);
 }
 
 void ZyrTriangleMesh::SelectVertexColor(int i, ZyrColor* out) {
@@ -309,9 +319,14 @@ bool ZyrTriangleMesh::Append(const ZyrTriangleMesh& other) {
     const bool vertexNormals = IsValidVertexNormal() && other.IsValidVertexNormal();
     const bool triangleColors = IsValidTriangleColor() && other.IsValidTriangleColor();
     const bool triangleNormals = IsValidTriangleNormal() && other.IsValidTriangleNormal();
-    const Zyr3DIntArray triangles = shifted(other.triangles_, NumVertices());
+    const int shift = NumVertices();
+    const int before = triangles_.Length();
+    const int added = 3 * other.NumTriangles();
     vertices_.Append(other.vertices_);
-    triangles_.Append(triangles);
+    triangles_.Append(other.triangles_);
+    triangles_.SetSize(before + added);
+    int* indices = triangles_.Data();
+    for (int i = before; i < before + added; ++i) indices[i] = shifted(indices[i], shift);
     if (vertexColors) vertexColors_.Append(other.vertexColors_);
     if (vertexNormals) vertexNormals_.Append(other.vertexNormals_);
     if (triangleColors) triangleColors_.Append(other.triangleColors_);
