@@ -1,64 +1,17 @@
 #include "ZyrTriangleMesh.h"
 
 #include <cstddef>
-#include <memory>
-#include <string>
 
-#include "Zyr3DFileIO.h"
-#include "Zyr3DInner.h"
-#include "primitive/Collinear.h"
+#include "mesh/Corners.h"
+
+using zyr::Corners;
+using zyr::isIn;
 
 namespace {
-
-bool isIn(int i, int count) {
-    return i >= 0 && i < count;
-}
-
-/// The three indices of a triangle that is in range.
-struct Corners {
-    Corners(const Zyr3DIntArray& triangles, int t)
-        : Corners(triangles.Data() + 3 * static_cast<std::size_t>(t)) {}
-    explicit Corners(const int* indices) : a(indices[0]), b(indices[1]), c(indices[2]) {}
-
-    bool areDifferent() const { return a != b && a != c && b != c; }
-    bool areIn(int count) const { return isIn(a, count) && isIn(b, count) && isIn(c, count); }
-
-    int a, b, c;
-};
-
-bool isPoint(const ZyrVector3d& v) {
-    return v.x < zyr::kInvalidValue && v.y < zyr::kInvalidValue && v.z < zyr::kInvalidValue;
-}
-
-/// Vertices as a flat run.
-struct Vertices {
-    explicit Vertices(const ZyrVector3dArray& array)
-        : first(reinterpret_cast<const ZyrVector3d*>(array.Data())), count(array.Length()) {}
-
-    /// What Zyr3DTriangle's own test gives, without a triangle and a call for each.
-    bool makeTriangle(const Corners& corners) const {
-        if (!corners.areDifferent() || !corners.areIn(count)) return false;
-        const ZyrVector3d &a = first[corners.a], &b = first[corners.b], &c = first[corners.c];
-        return isPoint(a) && isPoint(b) && isPoint(c) && !zyr::isCollinear(a, b, c);
-    }
-
-    const ZyrVector3d* first;
-    int count;
-};
 
 /// Wraps around at 32 bits.
 int shifted(int index, int shift) {
     return static_cast<int>(static_cast<unsigned>(index) + static_cast<unsigned>(shift));
-}
-
-bool isMeshPath(const char* path) {
-    if (path == nullptr) return false;
-    const std::string suffix = Zyr3DInner::getSuffix(path);
-    return suffix == "ztmt" || suffix == "ZTMT";
-}
-
-std::unique_ptr<char[]> narrow(const wchar_t* path) {
-    return std::unique_ptr<char[]>(Zyr3DInner::wchar2char(path));
 }
 
 }  // namespace
@@ -184,7 +137,7 @@ bool ZyrTriangleMesh::IsValidVertex(int i) const {
 }
 
 bool ZyrTriangleMesh::IsValidTriangle(int t) const {
-    return isIn(t, NumTriangles()) && Vertices(vertices_).makeTriangle(Corners(triangles_, t));
+    return isIn(t, NumTriangles()) && zyr::Vertices(vertices_).makeTriangle(Corners(triangles_, t));
 }
 
 int ZyrTriangleMesh::NumValidVertices() const {
@@ -192,7 +145,7 @@ int ZyrTriangleMesh::NumValidVertices() const {
 }
 
 int ZyrTriangleMesh::NumValidTriangles() const {
-    const Vertices vertices(vertices_);
+    const zyr::Vertices vertices(vertices_);
     const int* indices = triangles_.Data();
     int valid = 0;
     for (int left = NumTriangles(); left > 0; --left, indices += 3)
@@ -332,28 +285,4 @@ bool ZyrTriangleMesh::Append(const ZyrTriangleMesh& other) {
     if (triangleColors) triangleColors_.Append(other.triangleColors_);
     if (triangleNormals) triangleNormals_.Append(other.triangleNormals_);
     return vertexColors && vertexNormals && triangleColors && triangleNormals;
-}
-
-bool ZyrTriangleMesh::Load(const char* path, bool withNormals, bool withColors) {
-    Clear();
-    return isMeshPath(path) &&
-           Zyr3DFileIO::LoadTriangleMesh(vertices_, vertexNormals_, *vertexColors_.mat_, triangles_,
-                                         triangleNormals_, *triangleColors_.mat_, path, withNormals,
-                                         withColors);
-}
-
-bool ZyrTriangleMesh::Load(const wchar_t* path, bool withNormals, bool withColors) {
-    return Load(narrow(path).get(), withNormals, withColors);
-}
-
-bool ZyrTriangleMesh::Save(const char* path, bool withNormals, bool withColors) const {
-    ZyrTriangleMesh lists(*this);  // the writer takes lists that may change, as shares
-    return isMeshPath(path) &&
-           Zyr3DFileIO::SaveTriangleMesh(
-               lists.vertices_, lists.vertexNormals_, *lists.vertexColors_.mat_, lists.triangles_,
-               lists.triangleNormals_, *lists.triangleColors_.mat_, path, withNormals, withColors);
-}
-
-bool ZyrTriangleMesh::Save(const wchar_t* path, bool withNormals, bool withColors) const {
-    return Save(narrow(path).get(), withNormals, withColors);
 }

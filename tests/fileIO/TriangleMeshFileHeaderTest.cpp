@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
+
 #include "support/MeshFile.h"
 #include "support/StopText.h"
 #include "support/ZyrValues.h"
@@ -266,4 +269,20 @@ TEST(MeshLoading, NullPathIsRefusedAndLeavesTheLists) {
                                                m.triangles, m.triangleNormals, m.triangleColors,
                                                nullptr, true, true));
     EXPECT_EQ(m.vertices.Length(), 1);
+}
+
+TEST(MeshLoading, FileIsClosedHoweverItEnds) {
+    const auto numOpen = [] {
+        const std::filesystem::directory_iterator files("/proc/self/fd");
+        return std::distance(begin(files), end(files));
+    };
+    const Bytes sound = test::meshFile(plain(), plainBody());
+    const auto before = numOpen();
+    EXPECT_TRUE(test::loadMesh(sound).isLoaded);
+    EXPECT_TRUE(test::loadMesh(plain().kind("ascii").bytes()).isLoaded);
+    EXPECT_FALSE(test::loadMesh(test::prefix(sound, 40)).isLoaded);
+    EXPECT_FALSE(test::loadMesh(test::toBytes("DATA ascii\n")).isLoaded);
+    EXPECT_FALSE(test::loadMesh(test::meshFile(plain(), Bytes(5))).isLoaded);
+    EXPECT_TRUE(test::saveMesh(test::loadMesh(sound)).isSaved);
+    EXPECT_EQ(numOpen(), before);
 }

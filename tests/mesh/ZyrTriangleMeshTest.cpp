@@ -6,6 +6,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "support/Held.h"
 #include "support/Meshes.h"
 
 /// Construction, counts and presence of the attribute lists.
@@ -94,6 +95,15 @@ TEST(ZyrTriangleMesh, TriangleAttributesAreHeldAgainstWholeTriangles) {
     arrays.triangles = test::indices({0, 1, 2, 2, 1, 3, 0});
     EXPECT_TRUE(arrays.mesh().IsValidTriangleColor());
     EXPECT_TRUE(arrays.mesh().IsValidTriangleNormal());
+}
+
+TEST(ZyrTriangleMesh, ColoursOfAGridCountByRowsTimesColumns) {
+    MeshArrays arrays = test::fullArrays();
+    ZyrColorArray grid;
+    test::held<cv::Mat>(grid) = cv::Mat::zeros(2, 2, CV_8UC1);
+    arrays.vertexColors = arrays.triangleColors = grid;
+    EXPECT_TRUE(arrays.mesh().IsValidVertexColor());
+    EXPECT_FALSE(arrays.mesh().IsValidTriangleColor());
 }
 
 TEST(ZyrTriangleMesh, AttributesOfAnotherLengthAreKept) {

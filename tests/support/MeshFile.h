@@ -126,6 +126,25 @@ struct MeshParts {
     }
 };
 
+/// What saving lists makes.
+struct SavedMesh {
+    bool isSaved;
+    bool isCreated;
+    Bytes file;
+
+    MeshParts parts() const { return MeshParts(file); }
+};
+
+inline SavedMesh saveMesh(MeshLists mesh, bool withNormals = true, bool withColors = true) {
+    const TempFolder folder;
+    const std::string path = folder.path("mesh.ztmt");
+    SavedMesh saved{};
+    saved.isSaved = mesh.save(path, withNormals, withColors);
+    saved.isCreated = fileExists(path);
+    saved.file = readFile(path);
+    return saved;
+}
+
 inline Zyr3DIntArray indices(std::vector<int> flat) {
     return Zyr3DIntArray(flat.data(), static_cast<int>(flat.size()));
 }
