@@ -71,7 +71,7 @@ public:
     /// Indices come back whatever their value, and so does NaN. "binary" and "binary_compressed"
     /// bodies are read alike, as compressed. An "ascii" body is not read: the vertices are at the
     /// origin and all indices 0. FACES may be missing, for a file without triangles, and so may
-    /// SIZE and COUNT.
+    /// FIELDS, SIZE and COUNT.
     ///
     /// False when the file has no vertices, and for what LoadPointCloud says; the same header
     /// faults stop the process, and a body that is cut short is no failure here either.

@@ -14,10 +14,10 @@
 /// divided by 3; a remainder is ignored.
 ///
 /// Lists are shared on copy, assignment and by the setters, and every change in place is seen by
-/// all who share. That goes for clearing too: assignment first clears the target's lists in place,
-/// and so empties them for whoever shares them; assigning a mesh to itself leaves it empty.
-/// DeepCopy and its siblings give lists of one's own. An index out of range does nothing and leaves
-/// outputs untouched.
+/// all who share. That goes for clearing too, save for colours: who shares those keeps them.
+/// Assignment first clears the target's lists in place, and so empties them for whoever shares
+/// them; assigning a mesh to itself leaves it empty. DeepCopy and its siblings give lists of one's
+/// own. An index out of range does nothing and leaves outputs untouched.
 class ZYR_EXPORT ZyrTriangleMesh {
 public:
     ZyrTriangleMesh();
@@ -68,7 +68,8 @@ public:
     void ReplaceTriangle(int t, int a, int b, int c);
     /// Reads the corners when the first two indices are at most the number of vertices and the
     /// third at most the number of *valid* vertices; else does nothing. A corner that these bounds
-    /// let past the list, or a negative index, is the invalid vector.
+    /// let past the list, or a negative index, is the invalid vector. Counts the valid vertices at
+    /// each call.
     void SelectTriangle(int t, Zyr3DTriangle* out);
 
     /// The colour and normal accessors do nothing while their list does not count as present.
@@ -102,7 +103,8 @@ public:
     /// Appends the other's vertices and its triangles, with indices shifted by this mesh's number
     /// of vertices (wrapping around, whatever they are). Each attribute list travels only when it
     /// counts as present in both meshes before the call; else it stays as it is. True when all four
-    /// travelled. A mesh may be appended to itself.
+    /// do. Colours of another channel count stay behind all the same, as ZyrColorArray::Append has
+    /// it. A mesh may be appended to itself.
     bool Append(const ZyrTriangleMesh& other);
 
     /// Replaces the mesh by a file's, as Zyr3DFileIO::LoadTriangleMesh reads it. The suffix must be

@@ -41,11 +41,14 @@ T valueAt(const ReadBody& body, const ReadColumn& column, std::uint64_t i) {
 }
 
 template <class T>
-void readComponent(const ReadBody& body, const ReadColumn& column, std::uint64_t values,
-                   bool keepNaN, double* component) {
-    for (std::uint64_t i = 0; i < values; ++i, component += 3) {
+void readComponent(const ReadBody& body, const ReadColumn& column, bool keepNaN, std::size_t k,
+                   ZyrVector3dArray& vectors) {
+    const std::uint64_t present =
+        std::min(valuesPresent(column, body.present), static_cast<std::uint64_t>(vectors.Length()));
+    double* components = vectors.Data();
+    for (std::uint64_t i = 0; i < present; ++i) {
         const auto value = static_cast<double>(valueAt<T>(body, column, i));
-        if (keepNaN || !std::isnan(value)) *component = value;
+        if (keepNaN || !std::isnan(value)) components[3 * i + k] = value;
     }
 }
 
@@ -127,32 +130,30 @@ void setOrigins(ZyrVector3dArray& vectors, int n) {
 
 void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t first, bool keepNaN,
                  ZyrVector3dArray& vectors) {
-    for (std::int32_t i = 0; i < 3; ++i) {
-        const ReadColumn& column = columnAt(layout, first + i);
-        // A list that shares the store may have given it another length.
-        const std::uint64_t values = std::min(valuesPresent(column, body.present),
-                                              static_cast<std::uint64_t>(vectors.Length()));
-        if (values == 0) continue;
-        double* component = vectors.Data() + i;
-        column.size == 8 ? readComponent<double>(body, column, values, keepNaN, component)
-                         : readComponent<float>(body, column, values, keepNaN, component);
+    for (std::size_t k = 0; k < 3; ++k) {
+        const ReadColumn& column = columnAt(layout, first + static_cast<std::int32_t>(k));
+        column.size == 8 ? readComponent<double>(body, column, keepNaN, k, vectors)
+                         : readComponent<float>(body, column, keepNaN, k, vectors);
     }
 }
 
 void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t first,
                    Zyr3DIntArray& triangles) {
-    for (std::int32_t k = 0; k < 3; ++k) {
-        const ReadColumn& column = columnAt(layout, first + k);
+    int* corners = triangles.Data();
+    for (std::size_t k = 0; k < 3; ++k) {
+        const ReadColumn& column = columnAt(layout, first + static_cast<std::int32_t>(k));
         const std::uint64_t present = valuesPresent(column, body.present);
-        int* corner = triangles.Data() + k;
-        for (std::uint64_t i = 0; i < present; ++i, corner += 3)
-            *corner = valueAt<int>(body, column, i);
+        for (std::uint64_t i = 0; i < present; ++i)
+            corners[3 * i + k] = valueAt<int>(body, column, i);
     }
 }
 
 void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
                 std::optional<std::uint32_t> channels, cv::Mat& colors) {
-    if (!channels) return;
+    if (!channels) {
+        colors.release();
+        return;
+    }
     const ReadColumn& words = columnAt(layout, column);
     setBlack(colors, static_cast<int>(words.elements), static_cast<int>(*channels));
     const std::uint64_t present = valuesPresent(words, body.present);

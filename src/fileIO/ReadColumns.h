@@ -75,8 +75,8 @@ std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
 /// n vectors at the origin.
 void setOrigins(ZyrVector3dArray& vectors, int n);
 
-/// Stores the columns first, first + 1, first + 2 as x, y, z; a value that is not there, or is NaN
-/// and NaN are not kept, leaves its component alone.
+/// Stores the columns first, first + 1, first + 2 as x, y, z of as many vectors as there are; a
+/// value that is not in the body, or is NaN and NaN are not kept, leaves its component alone.
 void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t first, bool keepNaN,
                  ZyrVector3dArray& vectors);
 

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <opencv2/core.hpp>
 #include <string>
+#include <utility>
 
 #include "Zyr3DFileIO.h"
 #include "Zyr3DIntArray.h"
@@ -101,53 +103,90 @@ Wanted wantedOf(const PcdHeader& header, bool withNormals, bool withColors) {
             withNormals && header.fnx >= 0, withColors && header.frgb >= 0};
 }
 
-/// The widths of the known fields, which hold where a file does not state them.
-void setWidths(PcdHeader& header, std::int32_t first, std::int32_t fields, std::int32_t width) {
-    if (first < 0) return;
-    for (std::int32_t i = first; i < first + fields; ++i) header.fields[i].size = width;
+/// Columns that belong together, with the width that holds where a file does not state it.
+struct Group {
+    std::int32_t first;  ///< field index, -1 when absent
+    std::int32_t columns;
+    std::int32_t width;
+};
+
+std::array<Group, 6> groupsOf(const PcdHeader& h) {
+    return {
+        {{h.x, 3, 8}, {h.nx, 3, 8}, {h.rgb, 1, 4}, {h.fa, 3, 4}, {h.fnx, 3, 8}, {h.frgb, 1, 4}}};
 }
 
+void setWidths(PcdHeader& header) {
+    for (const Group& group : groupsOf(header))
+        for (std::int32_t k = 0; group.first >= 0 && k < group.columns; ++k)
+            header.fields[group.first + k].size = group.width;
+}
+
+/// The fields that every mesh has hold where a file does not name any, their widths and one value
+/// an element where it does not state them.
 void completeHeader(PcdHeader& header) {
-    if (!header.hasSize) {
-        setWidths(header, header.x, 3, 8);
-        setWidths(header, header.nx, 3, 8);
-        setWidths(header, header.rgb, 1, 4);
-        setWidths(header, header.fa, 3, 4);
-        setWidths(header, header.fnx, 3, 8);
-        setWidths(header, header.frgb, 1, 4);
+    if (header.numFields == 0) {
+        header.x = 0;
+        header.fa = 3;
+        header.numFields = 6;
+        header.hasSize = header.hasCount = false;
     }
+    if (!header.hasSize) setWidths(header);
     if (header.hasCount) return;
     for (PcdField& field : header.fields) field.count = 1;
 }
 
-std::uint64_t elementBytes(const PcdHeader& header, const Wanted& wanted) {
-    const auto points = static_cast<std::uint64_t>(header.points);
-    const auto faces = static_cast<std::uint64_t>(header.faces);
-    return points * (24 + (wanted.vertexNormals ? 24 : 0) + (wanted.vertexColors ? 4 : 0)) +
-           faces * (12 + (wanted.triangleNormals ? 24 : 0) + (wanted.triangleColors ? 4 : 0));
+/// Whether no field is a column of two groups, which would have two lengths.
+bool areApart(const std::array<Group, 6>& groups) {
+    std::array<bool, PcdHeader::maxNumFields> isTaken{};
+    for (const Group& group : groups)
+        for (std::int32_t k = 0; group.first >= 0 && k < group.columns; ++k)
+            if (std::exchange(isTaken[static_cast<std::size_t>(group.first + k)], true))
+                return false;
+    return true;
 }
 
+constexpr std::uint64_t kVectorBytes = 24;
+constexpr std::uint64_t kTriangleBytes = 12;
+
+/// Bytes of all that is read, with colours of so many channels.
+std::uint64_t elementBytes(const PcdHeader& header, const Wanted& wanted,
+                           std::uint32_t vertexChannels, std::uint32_t triangleChannels) {
+    const auto points = static_cast<std::uint64_t>(header.points);
+    const auto faces = static_cast<std::uint64_t>(header.faces);
+    return points * (kVectorBytes * (wanted.vertexNormals ? 2 : 1) + vertexChannels) +
+           faces *
+               (kTriangleBytes + (wanted.triangleNormals ? kVectorBytes : 0) + triangleChannels);
+}
+
+/// Bytes of the vertices and triangles that the body has no columns for, and so nothing to back.
+std::uint64_t unbackedBytes(const PcdHeader& header) {
+    return (header.x < 0 ? static_cast<std::uint64_t>(header.points) * kVectorBytes : 0) +
+           (header.fa < 0 ? static_cast<std::uint64_t>(header.faces) * kTriangleBytes : 0);
+}
+
+/// The vertices come last: where lists share a store, its length is theirs.
 void setSizes(const PcdHeader& header, const Wanted& wanted, const Mesh& mesh) {
-    setOrigins(mesh.vertices, header.points);
-    mesh.triangles.SetSize(3 * header.faces);
-    std::fill_n(mesh.triangles.Data(), mesh.triangles.Length(), 0);
     wanted.vertexNormals ? setOrigins(mesh.vertexNormals, header.points)
                          : mesh.vertexNormals.Clear();
     wanted.triangleNormals ? setOrigins(mesh.triangleNormals, header.faces)
                            : mesh.triangleNormals.Clear();
+    setOrigins(mesh.vertices, header.points);
+    mesh.triangles.SetSize(3 * header.faces);
+    std::fill_n(mesh.triangles.Data(), mesh.triangles.Length(), 0);
 }
 
 bool loadAscii(std::FILE* file, const PcdHeader& header, const Wanted& wanted, const Mesh& mesh) {
     const std::uint64_t elements =
         static_cast<std::uint64_t>(header.points) + static_cast<std::uint64_t>(header.faces);
-    if (!isBacked(elementBytes(header, wanted), elements * kLeastAsciiBytes, remainingBytes(file)))
-        return false;
+    const std::uint64_t needed = elements * kLeastAsciiBytes;
+    if (!isBacked(elementBytes(header, wanted, 0, 0), needed, remainingBytes(file))) return false;
     setSizes(header, wanted, mesh);
     return true;
 }
 
 bool canRead(const ReadLayout& layout, const PcdHeader& h, const Wanted& wanted) {
-    return (h.x < 0 || holdVectors(layout, h.x)) && (h.fa < 0 || holdTriangles(layout, h.fa)) &&
+    return areApart(groupsOf(h)) && (h.x < 0 || holdVectors(layout, h.x)) &&
+           (h.fa < 0 || holdTriangles(layout, h.fa)) &&
            (!wanted.vertexNormals || holdVectors(layout, h.nx)) &&
            (!wanted.triangleNormals || holdVectors(layout, h.fnx)) &&
            (!wanted.vertexColors || holdsWords(layout, h.rgb)) &&
@@ -175,11 +214,15 @@ void readLists(const ReadBody& body, const ReadLayout& layout, const PcdHeader& 
 bool loadBody(std::FILE* file, const PcdHeader& header, const Wanted& wanted, const Mesh& mesh) {
     const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::pointsAndFaces);
     if (!layout || !canRead(*layout, header, wanted)) return false;
+    const std::uint64_t unbacked = unbackedBytes(header);
+    if (!isBacked(unbacked, unbacked, 0)) return false;
     const Preamble preamble = readPreamble(file, 2);
     if (wanted.vertexColors && !isUsable(preamble.channels[0])) return false;
     if (wanted.triangleColors && !isUsable(preamble.channels[1])) return false;
-    const std::optional<ReadBody> body =
-        readBody(file, *layout, preamble, elementBytes(header, wanted));
+    const std::uint64_t allocated =
+        elementBytes(header, wanted, wanted.vertexColors ? preamble.channels[0].value_or(0) : 0,
+                     wanted.triangleColors ? preamble.channels[1].value_or(0) : 0);
+    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
     if (!body) return false;
     setSizes(header, wanted, mesh);
     readLists(*body, *layout, header, wanted, preamble, mesh);

@@ -12,9 +12,8 @@ namespace {
 
 template <std::size_t width>
 void copyColumn(const WrittenColumn& column, Byte* target) {
-    const Byte* value = column.first;
-    for (std::size_t i = 0; i < column.elements; ++i, value += column.stride, target += width)
-        std::memcpy(target, value, width);
+    for (std::size_t i = 0; i < column.elements; ++i)
+        std::memcpy(target + i * width, column.first + i * column.stride, width);
 }
 
 Buffer joinColumns(const WrittenColumns& columns) {
@@ -39,8 +38,10 @@ template <class T>
 void addTriples(WrittenColumns& columns, const std::array<const char*, 3>& names, char type,
                 const T* data, int elements) {
     const auto* first = reinterpret_cast<const Byte*>(data);
+    // An empty list has no buffer to step into.
+    const std::size_t step = elements > 0 ? sizeof(T) : 0;
     for (std::size_t i = 0; i < 3; ++i)
-        columns.push_back({names[i], type, sizeof(T), first + i * sizeof(T), 3 * sizeof(T),
+        columns.push_back({names[i], type, sizeof(T), first + i * step, 3 * sizeof(T),
                            static_cast<std::size_t>(elements)});
 }
 

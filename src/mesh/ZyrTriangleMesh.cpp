@@ -1,53 +1,17 @@
 #include "ZyrTriangleMesh.h"
 
 #include <cstddef>
-#include <memory>
-#include <string>
 
-#include "Zyr3DFileIO.h"
-#include "Zyr3DInner.h"
+#include "mesh/Corners.h"
+
+using zyr::Corners;
+using zyr::isIn;
 
 namespace {
 
-bool isIn(int i, int count) {
-    return i >= 0 && i < count;
-}
-
-/// The three indices of a triangle that is in range.
-struct Corners {
-    Corners(const Zyr3DIntArray& triangles, int t)
-        : Corners(triangles.Data() + 3 * static_cast<std::size_t>(t)) {}
-    explicit Corners(const int* indices) : a(indices[0]), b(indices[1]), c(indices[2]) {}
-
-    bool areDifferent() const { return a != b && a != c && b != c; }
-    bool areIn(int count) const { return isIn(a, count) && isIn(b, count) && isIn(c, count); }
-
-    int a, b, c;
-};
-
-bool isValidTriangle(const Corners& corners, const ZyrVector3dArray& vertices) {
-    return corners.areDifferent() && corners.areIn(vertices.Length()) &&
-           Zyr3DTriangle(vertices[corners.a], vertices[corners.b], vertices[corners.c]).IsValid();
-}
-
-/// The indices of whole triangles, each shifted; they wrap around at 32 bits.
-Zyr3DIntArray shifted(const Zyr3DIntArray& triangles, int shift) {
-    Zyr3DIntArray result(triangles.Data(), triangles.Length() / 3 * 3);
-    int* indices = result.Data();
-    for (int i = 0; i < result.Length(); ++i)
-        indices[i] =
-            static_cast<int>(static_cast<unsigned>(indices[i]) + static_cast<unsigned>(shift));
-    return result;
-}
-
-bool isMeshPath(const char* path) {
-    if (path == nullptr) return false;
-    const std::string suffix = Zyr3DInner::getSuffix(path);
-    return suffix == "ztmt" || suffix == "ZTMT";
-}
-
-std::unique_ptr<char[]> narrow(const wchar_t* path) {
-    return std::unique_ptr<char[]>(Zyr3DInner::wchar2char(path));
+/// Wraps around at 32 bits.
+int shifted(int index, int shift) {
+    return static_cast<int>(static_cast<unsigned>(index) + static_cast<unsigned>(shift));
 }
 
 }  // namespace
@@ -173,7 +137,7 @@ bool ZyrTriangleMesh::IsValidVertex(int i) const {
 }
 
 bool ZyrTriangleMesh::IsValidTriangle(int t) const {
-    return isIn(t, NumTriangles()) && isValidTriangle(Corners(triangles_, t), vertices_);
+    return isIn(t, NumTriangles()) && zyr::Vertices(vertices_).makeTriangle(Corners(triangles_, t));
 }
 
 int ZyrTriangleMesh::NumValidVertices() const {
@@ -181,10 +145,11 @@ int ZyrTriangleMesh::NumValidVertices() const {
 }
 
 int ZyrTriangleMesh::NumValidTriangles() const {
-    int valid = 0;
+    const zyr::Vertices vertices(vertices_);
     const int* indices = triangles_.Data();
-    for (int t = 0; t < NumTriangles(); ++t, indices += 3)
-        valid += isValidTriangle(Corners(indices), vertices_) ? 1 : 0;
+    int valid = 0;
+    for (int left = NumTriangles(); left > 0; --left, indices += 3)
+        valid += vertices.makeTriangle(Corners(indices)) ? 1 : 0;
     return valid;
 }
 
@@ -219,9 +184,7 @@ void ZyrTriangleMesh::SelectTriangle(int t, Zyr3DTriangle* out) {
     if (corners.a > NumVertices() || corners.b > NumVertices() || corners.c > NumValidVertices())
         return;
     const ZyrVector3dArray& vertices = vertices_;  // by value, whatever the index
-    out->a = vertices[corners.a];
-    out->b = vertices[corners.b];
-    out->c = vertices[corners.c];
+    *out = Zyr3DTriangle(vertices[corners.a], vertices[corners.b], vertices[corners.c]);
 }
 
 void ZyrTriangleMesh::SelectVertexColor(int i, ZyrColor* out) {
@@ -309,36 +272,17 @@ bool ZyrTriangleMesh::Append(const ZyrTriangleMesh& other) {
     const bool vertexNormals = IsValidVertexNormal() && other.IsValidVertexNormal();
     const bool triangleColors = IsValidTriangleColor() && other.IsValidTriangleColor();
     const bool triangleNormals = IsValidTriangleNormal() && other.IsValidTriangleNormal();
-    const Zyr3DIntArray triangles = shifted(other.triangles_, NumVertices());
+    const int shift = NumVertices();
+    const int before = triangles_.Length();
+    const int added = 3 * other.NumTriangles();
     vertices_.Append(other.vertices_);
-    triangles_.Append(triangles);
+    triangles_.Append(other.triangles_);
+    triangles_.SetSize(before + added);
+    int* indices = triangles_.Data();
+    for (int i = before; i < before + added; ++i) indices[i] = shifted(indices[i], shift);
     if (vertexColors) vertexColors_.Append(other.vertexColors_);
     if (vertexNormals) vertexNormals_.Append(other.vertexNormals_);
     if (triangleColors) triangleColors_.Append(other.triangleColors_);
     if (triangleNormals) triangleNormals_.Append(other.triangleNormals_);
     return vertexColors && vertexNormals && triangleColors && triangleNormals;
-}
-
-bool ZyrTriangleMesh::Load(const char* path, bool withNormals, bool withColors) {
-    Clear();
-    return isMeshPath(path) &&
-           Zyr3DFileIO::LoadTriangleMesh(vertices_, vertexNormals_, *vertexColors_.mat_, triangles_,
-                                         triangleNormals_, *triangleColors_.mat_, path, withNormals,
-                                         withColors);
-}
-
-bool ZyrTriangleMesh::Load(const wchar_t* path, bool withNormals, bool withColors) {
-    return Load(narrow(path).get(), withNormals, withColors);
-}
-
-bool ZyrTriangleMesh::Save(const char* path, bool withNormals, bool withColors) const {
-    ZyrTriangleMesh lists(*this);  // the writer takes lists that may change, as shares
-    return isMeshPath(path) &&
-           Zyr3DFileIO::SaveTriangleMesh(
-               lists.vertices_, lists.vertexNormals_, *lists.vertexColors_.mat_, lists.triangles_,
-               lists.triangleNormals_, *lists.triangleColors_.mat_, path, withNormals, withColors);
-}
-
-bool ZyrTriangleMesh::Save(const wchar_t* path, bool withNormals, bool withColors) const {
-    return Save(narrow(path).get(), withNormals, withColors);
 }

@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "support/MeshFile.h"
+
+/// Allocations that fail, in a child process that may not take more memory.
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasSanitizer = true;
+#else
+constexpr bool kHasSanitizer = false;
+#endif
+
+namespace {
+
+// What a small file may declare, and more than earlier tests leave free on the heap.
+constexpr int kDeclaredVertices = 2000000;
+constexpr int kSavedVertices = 6000000;
+
+/// No more address space than the process has, and a little.
+void limitMemory() {
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlim_t most = pages * 4096 + (rlim_t(16) << 20);
+    const rlimit limit{most, most};
+    setrlimit(RLIMIT_AS, &limit);
+}
+
+}  // namespace
+
+TEST(MeshMemory, LoadingWithoutEnoughGivesFalse) {
+    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    // A process of its own, whose heap holds nothing that earlier tests gave back.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const test::MemoryFile file(test::MeshHeader(kDeclaredVertices, 0).kind("ascii").bytes());
+    const auto load = [&] {
+        limitMemory();
+        test::MeshLists mesh;
+        std::exit(mesh.load(file.path(), false, false) ? 1 : 0);
+    };
+    EXPECT_EXIT(load(), testing::ExitedWithCode(0), "");
+}
+
+TEST(MeshMemory, SavingWithoutEnoughGivesFalseAndCreatesNoFile) {
+    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    const test::TempFolder folder;
+    test::MeshLists mesh;
+    mesh.vertices.SetSize(kSavedVertices);
+    const auto save = [&] {
+        limitMemory();
+        std::exit(mesh.save(folder.path("a.ztmt"), false, false) ? 1 : 0);
+    };
+    EXPECT_EXIT(save(), testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(test::fileExists(folder.path("a.ztmt")));
+}

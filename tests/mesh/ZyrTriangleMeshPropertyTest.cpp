@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+
+#include "support/DoubleBits.h"
+#include "support/GenClouds.h"
+#include "support/Meshes.h"
+
+/// Random meshes against plain loops.
+
+namespace {
+
+/// Small whole coordinates, so that collinear and coinciding vertices are common, among any others.
+ZyrVector3dArray someVectors(std::size_t length) {
+    const auto small = rc::gen::map(rc::gen::inRange(-2, 3), [](int i) { return double(i); });
+    return test::vectors(*rc::gen::container<std::vector<double>>(
+        3 * length, rc::gen::weightedOneOf<double>({{20, small}, {1, test::anyDouble()}})));
+}
+
+std::vector<int> someIndices(std::size_t triangles, int vertices) {
+    return *rc::gen::container<std::vector<int>>(3 * triangles, rc::gen::inRange(-1, vertices + 2));
+}
+
+double length(const double* v) {
+    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+}
+
+bool isPoint(const double* v) {
+    return v[0] < test::kInvalid && v[1] < test::kInvalid && v[2] < test::kInvalid;
+}
+
+/// By the rule as it is worded: 1 / |cos| at the second corner exceeds 1 by more than 1.1e-5.
+bool isValid(const ZyrVector3dArray& vertices, const int* t) {
+    for (int k = 0; k < 3; ++k)
+        if (t[k] < 0 || t[k] >= vertices.Length()) return false;
+    if (t[0] == t[1] || t[0] == t[2] || t[1] == t[2]) return false;
+    const double *a = vertices.Data() + 3 * t[0], *b = vertices.Data() + 3 * t[1],
+                 *c = vertices.Data() + 3 * t[2];
+    if (!isPoint(a) || !isPoint(b) || !isPoint(c)) return false;
+    const double u[] = {b[0] - a[0], b[1] - a[1], b[2] - a[2]};
+    const double w[] = {b[0] - c[0], b[1] - c[1], b[2] - c[2]};
+    const double dot = u[0] * w[0] + u[1] * w[1] + u[2] * w[2];
+    return std::fabs(length(u) * length(w) / dot) - 1 > 1.1e-5;
+}
+
+}  // namespace
+
+RC_GTEST_PROP(MeshProperty, ValidTrianglesAreThoseThatTheRuleNames, ()) {
+    const int count = *rc::gen::inRange(0, 12);
+    const ZyrVector3dArray vertices = someVectors(static_cast<std::size_t>(count));
+    const std::vector<int> flat = someIndices(*rc::gen::inRange<std::size_t>(0, 30), count);
+    const ZyrTriangleMesh mesh(vertices, test::indices(flat));
+    int valid = 0;
+    for (int t = 0; t < mesh.NumTriangles(); ++t) {
+        const bool expected = isValid(vertices, flat.data() + 3 * t);
+        RC_ASSERT(mesh.IsValidTriangle(t) == expected);
+        valid += expected ? 1 : 0;
+    }
+    RC_ASSERT(mesh.NumValidTriangles() == valid);
+}
+
+// 1 / cos is 1 + 1.1e-5 at an angle of 0.0046904; some of the lengths overflow or vanish when
+// squared.
+RC_GTEST_PROP(MeshProperty, TrianglesNearTheBoundAndOfAnySizeAreValidByTheSameRule, ()) {
+    const double angle =
+        0.00469038 + *rc::gen::inRange(-2000, 2000) * *rc::gen::element(1e-9, 5e-6);
+    const double scale = std::pow(10.0, *rc::gen::inRange(-170, 165));
+    const double other = std::pow(10.0, *rc::gen::inRange(-3, 4));
+    const ZyrVector3dArray vertices = test::vectors(
+        {scale, 0, 0, 0, 0, 0, *rc::gen::element(1.0, -1.0) * scale * std::cos(angle) * other,
+         scale * std::sin(angle) * other, 0});
+    const int flat[] = {0, 1, 2};
+    RC_ASSERT(ZyrTriangleMesh(vertices, test::indices({0, 1, 2})).IsValidTriangle(0) ==
+              isValid(vertices, flat));
+}
+
+RC_GTEST_PROP(MeshProperty, AppendPutsTheOthersListsBehind, ()) {
+    const auto n = *rc::gen::inRange<std::size_t>(0, 10), m = *rc::gen::inRange<std::size_t>(0, 10);
+    ZyrVector3dArray first = test::anyVectors(n), second = test::anyVectors(m);
+    const auto flat = *rc::gen::arbitrary<std::vector<int>>();
+    ZyrTriangleMesh mesh(first.DeepCopy(), Zyr3DIntArray());
+    mesh.Append(ZyrTriangleMesh(second, test::indices(flat)));
+    ZyrVector3dArray vertices = first.DeepCopy();
+    for (int i = 0; i < second.Length(); ++i) vertices.Append(second[i]);
+    RC_ASSERT(test::bits(mesh.DeepCopyVertex()) == test::bits(vertices));
+    std::vector<int> expected;
+    for (std::size_t i = 0; i < flat.size() / 3 * 3; ++i)
+        expected.push_back(static_cast<int>(static_cast<unsigned>(flat[i]) + n));
+    RC_ASSERT(test::values(mesh.DeepCopyTriangle()) == expected);
+}
