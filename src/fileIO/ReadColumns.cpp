@@ -43,6 +43,7 @@ T valueAt(const ReadBody& body, const ReadColumn& column, std::uint64_t i) {
 template <class T>
 void readComponent(const ReadBody& body, const ReadColumn& column, bool keepNaN, std::size_t k,
                    ZyrVector3dArray& vectors) {
+    // A list that shares the store may have given it another length.
     const std::uint64_t present =
         std::min(valuesPresent(column, body.present), static_cast<std::uint64_t>(vectors.Length()));
     double* components = vectors.Data();
@@ -150,10 +151,7 @@ void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t 
 
 void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
                 std::optional<std::uint32_t> channels, cv::Mat& colors) {
-    if (!channels) {
-        colors.release();
-        return;
-    }
+    if (!channels) return;
     const ReadColumn& words = columnAt(layout, column);
     setBlack(colors, static_cast<int>(words.elements), static_cast<int>(*channels));
     const std::uint64_t present = valuesPresent(words, body.present);
