@@ -92,13 +92,14 @@ void ZyrColorArray::Create(int length, int channel) {
 bool ZyrColorArray::CreateColorArray(void* data, int width, int height, int channel) {
     stopUnlessBad(width, height, channel, 98,
                   "bool ZyrColorArray::CreateColorArray(void*, int, int, int)");
-    if (isKnownChannel(channel)) cv::Mat(height, width, CV_8UC(channel), data).copyTo(*mat_);
+    // Not copyTo: that would leave a torn matrix behind when OpenCV refuses the size.
+    if (isKnownChannel(channel)) *mat_ = cv::Mat(height, width, CV_8UC(channel), data).clone();
     return true;
 }
 
 void ZyrColorArray::SetSize(int width, int height, int channel) {
     stopUnlessBad(width, height, channel, 120, "void ZyrColorArray::SetSize(int, int, int)");
-    if (isKnownChannel(channel)) mat_->create(height, width, CV_8UC(channel));
+    if (isKnownChannel(channel)) *mat_ = cv::Mat(height, width, CV_8UC(channel));
 }
 
 void ZyrColorArray::SetColor(int value) {

@@ -2,12 +2,158 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include "support/LzfData.h"
+#include "support/PlainLzf.h"
+
+using test::Bytes;
+
+namespace {
+
+int intSize(const Bytes& bytes) {
+    return static_cast<int>(bytes.size());
+}
+
+/// Into a buffer of exactly outLen bytes.
+int compressInto(Bytes in, int outLen) {
+    Bytes out(static_cast<std::size_t>(outLen));
+    return LZF::compress(in.data(), intSize(in), out.data(), outLen);
+}
+
+int worstCase(const Bytes& in) {
+    return intSize(in) + (intSize(in) + 31) / 32;
+}
+
+Bytes compressed(Bytes in) {
+    Bytes out(static_cast<std::size_t>(worstCase(in)));
+    const int size = LZF::compress(in.data(), intSize(in), out.data(), intSize(out));
+    return test::prefix(out, static_cast<std::size_t>(size));
+}
+
+int decompressInto(Bytes stream, int outLen) {
+    Bytes out(static_cast<std::size_t>(outLen));
+    return LZF::decompress(stream.data(), intSize(stream), out.data(), outLen);
+}
+
+Bytes decompressed(Bytes stream, std::size_t size) {
+    Bytes out(size);
+    const int produced = LZF::decompress(stream.data(), intSize(stream), out.data(), intSize(out));
+    return test::prefix(out, static_cast<std::size_t>(produced));
+}
+
+}  // namespace
+
+TEST(LZF, ParametersAreThoseOfTheFastCompressor) {
+    EXPECT_EQ(HLOG, 14);
+    EXPECT_EQ(HSIZE, 16384);
+    EXPECT_EQ(MAX_LIT, 32);
+    EXPECT_EQ(MAX_OFF, 8192);
+    EXPECT_EQ(MAX_REF, 264);
+}
+
+TEST(LZF, WorksThroughAnObjectToo) {
+    LZF codec;
+    unsigned char in[] = {7};
+    unsigned char out[2];
+    EXPECT_EQ(codec.compress(in, 1, out, 2), 2);
+}
+
+TEST(LZF, ThousandZerosAreOneLiteralRunAndReferences) {
+    const std::vector<test::Chunk> chunks = test::chunksOf(compressed(Bytes(1000)));
+    ASSERT_GE(chunks.size(), 2U);
+    EXPECT_FALSE(chunks[0].isReference);
+    for (std::size_t i = 1; i < chunks.size(); ++i) EXPECT_TRUE(chunks[i].isReference) << i;
+}
 
 TEST(LZF, ThousandZerosComeBack) {
-    std::vector<unsigned char> zeros(1000), packed(1000), back(1000, 1);
-    const int size = LZF::compress(zeros.data(), 1000, packed.data(), 1000);
-    EXPECT_GT(size, 0);
-    EXPECT_EQ(LZF::decompress(packed.data(), size, back.data(), 1000), 1000);
-    EXPECT_EQ(back, zeros);
+    EXPECT_EQ(decompressed(compressed(Bytes(1000)), 1000), Bytes(1000));
+}
+
+TEST(LZF, OneByteIsALiteralRun) {
+    EXPECT_EQ(compressed({65}), (Bytes{0, 65}));
+}
+
+TEST(LZF, NothingCompressesToNothing) {
+    unsigned char byte = 1;
+    unsigned char out[4];
+    EXPECT_EQ(LZF::compress(&byte, 0, out, 4), 0);
+    EXPECT_EQ(LZF::compress(nullptr, 0, out, 4), 0);
+}
+
+TEST(LZF, EveryKindOfDataComesBack) {
+    for (const auto& [name, data] : test::madeData())
+        EXPECT_EQ(decompressed(compressed(data), data.size()), data) << name;
+}
+
+TEST(LZF, StreamsReadAsTheFormatIsWorded) {
+    for (const auto& [name, data] : test::madeData())
+        EXPECT_EQ(test::plainDecode(compressed(data), data.size()), data) << name;
+}
+
+TEST(LZF, ChunksKeepToTheParameters) {
+    for (const auto& [name, data] : test::madeData())
+        for (const test::Chunk& chunk : test::chunksOf(compressed(data))) {
+            EXPECT_LE(chunk.length, static_cast<std::size_t>(chunk.isReference ? MAX_REF : MAX_LIT))
+                << name;
+            EXPECT_LE(chunk.distance, static_cast<std::size_t>(MAX_OFF)) << name;
+        }
+}
+
+TEST(LZF, RepeatedDataShrinks) {
+    EXPECT_LT(compressed(Bytes(20000, 0x47)).size(), 20000U / 50);
+    EXPECT_LT(compressed(test::repeated({1, 2, 3}, 20000)).size(), 20000U / 50);
+}
+
+TEST(LZF, NoDataTakeMoreThanALiteralControlByteForEach32) {
+    for (std::size_t size = 1; size < 200; ++size) {
+        const Bytes data = test::randomBytes(size, 256, static_cast<unsigned>(size));
+        EXPECT_EQ(decompressed(compressed(data), size), data);
+        EXPECT_LE(compressed(data).size(), size + (size + 31) / 32);
+    }
+}
+
+TEST(LZF, CompressFitsInExactlyItsResult) {
+    for (const auto& [name, data] : test::madeData()) {
+        const int size = intSize(compressed(data));
+        for (int outLen = size; outLen < size + 5; ++outLen)
+            EXPECT_EQ(compressInto(data, outLen), size) << name;
+    }
+}
+
+TEST(LZF, CompressGivesZeroWhereTheResultDoesNotFit) {
+    for (const auto& [name, data] : test::madeData()) {
+        const int size = intSize(compressed(data));
+        for (int outLen = std::max(0, size - 70); outLen < size; ++outLen)
+            EXPECT_EQ(compressInto(data, outLen), 0) << name << ", " << outLen;
+    }
+}
+
+TEST(LZF, CompressGivesZeroForANegativeOutputLength) {
+    unsigned char in[] = {1, 2, 3};
+    unsigned char out[1] = {9};
+    EXPECT_EQ(LZF::compress(in, 3, out, -1), 0);
+    EXPECT_EQ(out[0], 9);
+}
+
+TEST(LZF, CompressDoesNotReadBehindTheInput) {
+    for (std::size_t size = 1; size < 40; ++size)
+        EXPECT_FALSE(compressed(Bytes(size, 3)).empty()) << size;
+}
+
+TEST(LZF, DecompressFitsInExactlyItsResult) {
+    for (const auto& [name, data] : test::madeData())
+        for (int outLen = intSize(data); outLen < intSize(data) + 5; ++outLen)
+            EXPECT_EQ(decompressInto(compressed(data), outLen), intSize(data)) << name;
+}
+
+TEST(LZF, DecompressGivesZeroWhereTheOutputIsTooSmall) {
+    for (const auto& [name, data] : test::madeData())
+        for (int outLen = std::max(0, intSize(data) - 40); outLen < intSize(data); ++outLen)
+            EXPECT_EQ(decompressInto(compressed(data), outLen), 0) << name << ", " << outLen;
+}
+
+TEST(LZF, MeasuredDataComeBack) {
+    const auto measured = test::measuredData();
+    if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
+    for (const auto& [name, data] : measured)
+        EXPECT_TRUE(test::plainDecode(compressed(data), data.size()) == data) << name;
 }

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstddef>
+
+#include "support/Bytes.h"
+
+/// LZF written byte by byte as its format is worded, for comparison: slow and plain.
+namespace test {
+
+/// What decoding gives; no bytes on an error.
+struct PlainResult {
+    Bytes bytes;
+    bool isError = false;
+    bool isCut = false;  ///< the input ended inside a chunk
+};
+
+/// Decodes while fewer than inLen bytes are used, at least one chunk. Bytes beyond the vector count
+/// as the end of the input; pass a vector longer than inLen to let the last chunk reach past it.
+inline PlainResult plainDecode(const Bytes& in, std::size_t inLen, std::size_t outLen) {
+    PlainResult result;
+    Bytes& out = result.bytes;
+    const PlainResult error{{}, true, false};
+    std::size_t i = 0;
+    do {
+        if (i >= in.size()) {
+            result.isCut = true;
+            return result;
+        }
+        const std::size_t c = in[i++];
+        if (c < 32) {
+            if (out.size() + c + 1 > outLen) return error;
+            for (std::size_t k = 0; k < c + 1; ++k) {
+                if (i >= in.size()) {
+                    result.isCut = true;
+                    return result;
+                }
+                out.push_back(in[i++]);
+            }
+        } else {
+            std::size_t length = c >> 5;
+            if (i + (length == 7 ? 2 : 1) > in.size()) {
+                result.isCut = true;
+                return result;
+            }
+            if (length == 7) length += in[i++];
+            const std::size_t distance = ((c & 31) << 8) + in[i++] + 1;
+            if (out.size() + length + 2 > outLen || distance > out.size()) return error;
+            for (std::size_t k = 0; k < length + 2; ++k) out.push_back(out[out.size() - distance]);
+        }
+    } while (i < inLen);
+    return result;
+}
+
+inline Bytes plainDecode(const Bytes& stream, std::size_t outLen) {
+    return plainDecode(stream, stream.size(), outLen).bytes;
+}
+
+/// The bytes as literal runs of up to 32: the plainest stream, and the longest of a sane encoder.
+inline Bytes literalStream(const Bytes& bytes) {
+    Bytes stream;
+    for (std::size_t i = 0; i < bytes.size(); i += 32) {
+        const std::size_t run = std::min<std::size_t>(32, bytes.size() - i);
+        stream.push_back(static_cast<unsigned char>(run - 1));
+        const auto first = bytes.begin() + static_cast<std::ptrdiff_t>(i);
+        stream.insert(stream.end(), first, first + static_cast<std::ptrdiff_t>(run));
+    }
+    return stream;
+}
+
+/// A chunk as it stands in a stream.
+struct Chunk {
+    bool isReference;
+    std::size_t length;    ///< bytes of output
+    std::size_t distance;  ///< of a reference
+};
+
+/// The chunks of a sound stream.
+inline std::vector<Chunk> chunksOf(const Bytes& stream) {
+    std::vector<Chunk> chunks;
+    for (std::size_t i = 0; i < stream.size();) {
+        const std::size_t c = stream[i++];
+        if (c < 32) {
+            chunks.push_back({false, c + 1, 0});
+            i += c + 1;
+            continue;
+        }
+        std::size_t length = c >> 5;
+        if (length == 7) length += stream[i++];
+        chunks.push_back({true, length + 2, ((c & 31) << 8) + stream[i++] + 1});
+    }
+    return chunks;
+}
+
+}  // namespace test
