@@ -21,6 +21,34 @@ constexpr int kMost = std::numeric_limits<int>::max();
 constexpr int kLeast = std::numeric_limits<int>::min();
 constexpr test::FileCalibration kReset = {1, 1, -3, -4, -5, 0};
 
+/// Notes the largest matrix that is made while it lives.
+class LargestMatrix : public cv::MatAllocator {
+public:
+    LargestMatrix() { cv::Mat::setDefaultAllocator(this); }
+    ~LargestMatrix() override { cv::Mat::setDefaultAllocator(nullptr); }
+    LargestMatrix(const LargestMatrix&) = delete;
+    LargestMatrix& operator=(const LargestMatrix&) = delete;
+
+    cv::UMatData* allocate(int dims, const int* sizes, int type, void* data, size_t* step,
+                           cv::AccessFlag flags, cv::UMatUsageFlags usage) const override {
+        cv::UMatData* made =
+            cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
+        bytes_ = std::max(bytes_, made->size);
+        return made;
+    }
+    bool allocate(cv::UMatData* data, cv::AccessFlag flags,
+                  cv::UMatUsageFlags usage) const override {
+        return cv::Mat::getStdAllocator()->allocate(data, flags, usage);
+    }
+    void deallocate(cv::UMatData* data) const override {
+        cv::Mat::getStdAllocator()->deallocate(data);
+    }
+    std::size_t bytes() const { return bytes_; }
+
+private:
+    mutable std::size_t bytes_ = 0;
+};
+
 class RangeImageFileMalformed : public testing::Test {
 protected:
     RangeImageFileMalformed() {
@@ -167,6 +195,20 @@ TEST_F(RangeImageFileMalformed, RefusesAnImageThatItsBlockCannotFill) {
     EXPECT_TRUE(isRefused(false));
     file_.width = 265;
     EXPECT_TRUE(loads(file_.bytes(), false));
+}
+
+TEST_F(RangeImageFileMalformed, AllocatesNoImageThatItsBlockCannotFill) {
+    file_.width = 40000;
+    file_.height = 40000;
+    test::writeFile(path_, file_.bytes());
+    Stores stores;
+    const LargestMatrix largest;
+    EXPECT_FALSE(stores.load(path_.c_str(), true));
+    EXPECT_LE(largest.bytes(), 88 * file_.valueStream.size());
+    file_.type = 7;
+    test::writeFile(path_, file_.bytes());
+    EXPECT_FALSE(stores.load(path_.c_str(), true));
+    EXPECT_LE(largest.bytes(), 88 * file_.colorStream.size());
 }
 
 TEST_F(RangeImageFileMalformed, RefusesAValueBlockThatDecodesToTooFewOrTooManyBytes) {
