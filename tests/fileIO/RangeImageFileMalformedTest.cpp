@@ -25,7 +25,7 @@ constexpr test::FileCalibration kReset = {1, 1, -3, -4, -5, 0};
 class LargestMatrix : public cv::MatAllocator {
 public:
     LargestMatrix() { cv::Mat::setDefaultAllocator(this); }
-    ~LargestMatrix() override { cv::Mat::setDefaultAllocator(nullptr); }
+    ~LargestMatrix() override { cv::Mat::setDefaultAllocator(cv::Mat::getStdAllocator()); }
     LargestMatrix(const LargestMatrix&) = delete;
     LargestMatrix& operator=(const LargestMatrix&) = delete;
 
