@@ -5,6 +5,7 @@
 
 #include "fileIO/File.h"
 #include "fileIO/RangeImageFile.h"
+#include "support/MatrixLimit.h"
 #include "support/RangeFile.h"
 #include "support/TempFolder.h"
 
@@ -20,34 +21,6 @@ namespace {
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr int kLeast = std::numeric_limits<int>::min();
 constexpr test::FileCalibration kReset = {1, 1, -3, -4, -5, 0};
-
-/// Notes the largest matrix that is made while it lives.
-class LargestMatrix : public cv::MatAllocator {
-public:
-    LargestMatrix() { cv::Mat::setDefaultAllocator(this); }
-    ~LargestMatrix() override { cv::Mat::setDefaultAllocator(cv::Mat::getStdAllocator()); }
-    LargestMatrix(const LargestMatrix&) = delete;
-    LargestMatrix& operator=(const LargestMatrix&) = delete;
-
-    cv::UMatData* allocate(int dims, const int* sizes, int type, void* data, size_t* step,
-                           cv::AccessFlag flags, cv::UMatUsageFlags usage) const override {
-        cv::UMatData* made =
-            cv::Mat::getStdAllocator()->allocate(dims, sizes, type, data, step, flags, usage);
-        bytes_ = std::max(bytes_, made->size);
-        return made;
-    }
-    bool allocate(cv::UMatData* data, cv::AccessFlag flags,
-                  cv::UMatUsageFlags usage) const override {
-        return cv::Mat::getStdAllocator()->allocate(data, flags, usage);
-    }
-    void deallocate(cv::UMatData* data) const override {
-        cv::Mat::getStdAllocator()->deallocate(data);
-    }
-    std::size_t bytes() const { return bytes_; }
-
-private:
-    mutable std::size_t bytes_ = 0;
-};
 
 class RangeImageFileMalformed : public testing::Test {
 protected:
@@ -202,13 +175,21 @@ TEST_F(RangeImageFileMalformed, AllocatesNoImageThatItsBlockCannotFill) {
     file_.height = 40000;
     test::writeFile(path_, file_.bytes());
     Stores stores;
-    const LargestMatrix largest;
+    const test::MatrixLimit limit(1 << 20);
     EXPECT_FALSE(stores.load(path_.c_str(), true));
-    EXPECT_LE(largest.bytes(), 88 * file_.valueStream.size());
+    EXPECT_LE(limit.largest(), 88 * file_.valueStream.size());
     file_.type = 7;
     test::writeFile(path_, file_.bytes());
     EXPECT_FALSE(stores.load(path_.c_str(), true));
-    EXPECT_LE(largest.bytes(), 88 * file_.colorStream.size());
+    EXPECT_LE(limit.largest(), 88 * file_.colorStream.size());
+}
+
+TEST_F(RangeImageFileMalformed, RefusesAnImageThatThereIsNoMemoryFor) {
+    test::writeFile(path_, file_.bytes());
+    const test::MatrixLimit limit(5);
+    Stores stores;
+    EXPECT_FALSE(stores.load(path_.c_str(), true));
+    EXPECT_EQ(test::openDescriptors(path_), 0);
 }
 
 TEST_F(RangeImageFileMalformed, RefusesAValueBlockThatDecodesToTooFewOrTooManyBytes) {
