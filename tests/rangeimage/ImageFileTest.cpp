@@ -189,6 +189,17 @@ TEST_F(ImageFile, SaveGivesSignedIntegersToTheCodecAsTheyAre) {
     EXPECT_EQ(image.at<int>(0, 0), -2147483647);
 }
 
+TEST_F(ImageFile, SaveClipsWhatACodecCannotKeep) {
+    ZyrRangeImage words = row<std::uint16_t>({7, 300, 65535}, 2, 1, 0);
+    EXPECT_EQ(test::bytesOf(written(words, "a.bmp")), (Bytes{7, 255, 255}));
+    ZyrRangeImage bytes = row<std::int8_t>({-128, -1, 127}, 1, 1, 0);
+    EXPECT_EQ(test::bytesOf(written(bytes, "a.png")), (Bytes{0, 0, 127}));
+    ZyrRangeImage shorts = row<std::int16_t>({-5, 7, 300}, 3, 1, 0);
+    EXPECT_EQ(test::bytesOf(written(shorts, "a.png")), (Bytes{0, 7, 255}));
+    ZyrRangeImage longs = row<std::int32_t>({-1, 7, 70000}, 4, 1, 0);
+    EXPECT_EQ(test::bytesOf(written(longs, "a.png")), (Bytes{0, 7, 255}));
+}
+
 TEST_F(ImageFile, SaveDividesFloatsByTheZResolutionRoundsAndClips) {
     ZyrRangeImage image = row<float>({0.0F, 1.23F, 2.006F, 655.35F, 700.0F, -1.0F}, 5, 0.01, 0);
     EXPECT_EQ(test::bytesOf(written(image, "a.png")), shorts({0, 123, 201, 65535, 65535, 0}));
