@@ -1,9 +1,12 @@
 #pragma once
 
-#include <opencv2/core.hpp>
 #include <string>
 
 #include "ZyrExport.h"
+
+namespace cv {
+class Mat;
+}
 
 /// Helpers of the file functions (path conversion and suffixes) and of the oriented solids. Has no
 /// state.

@@ -85,8 +85,9 @@ std::uint64_t elementBytes(const PcdHeader& header, const Target& target, std::u
 }
 
 void setSizes(const PcdHeader& header, const Target& target) {
-    setOrigins(target.points, header.points);
+    // The points last: the normals may share their store.
     target.withNormals ? setOrigins(target.normals, header.points) : target.normals.Clear();
+    setOrigins(target.points, header.points);
 }
 
 bool loadAscii(std::FILE* file, const PcdHeader& header, const Target& target) {

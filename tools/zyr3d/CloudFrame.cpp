@@ -9,6 +9,7 @@ namespace zyr {
 
 Frame readCloudFrame(const std::string& path) {
     CloudFile file = loadCloudFile(path);
+    if (file.isCut()) throw FileTrouble(path + ": its body is cut short");
     if (file.cloud.Length() == 0) throw FileTrouble(path + ": holds no points");
     // A cloud is built from a count of values, three a point, that is an int.
     if (file.cloud.Length() > std::numeric_limits<int>::max() / 3)

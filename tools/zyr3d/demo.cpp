@@ -122,12 +122,15 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& p
 struct Output {
     std::string cloud, picture;
 
-    /// Creates the folder.
-    explicit Output(const std::string& directory)
+    /// Creates the folder. The input must not be what is going to be written.
+    Output(const std::string& directory, const std::string& input)
         : cloud(directory + "/demo.zpt"), picture(directory + "/demo.png") {
         std::error_code error;
         std::filesystem::create_directories(directory, error);
         if (error) throw FileTrouble(directory + ": " + error.message());
+        for (const std::string& file : {cloud, picture})
+            if (std::filesystem::equivalent(input, file, error))
+                throw FileTrouble(input + ": would be overwritten; choose another folder by -o");
     }
 };
 
@@ -143,7 +146,7 @@ std::string roundTrip(ZyrPointCloud& cloud, const std::string& path, Times& time
 
 int runDemo(const DemoOptions& options) {
     Frame frame = readFrame(options);
-    const Output output(options.directory);
+    const Output output(options.directory, options.input);
     Times times;
     ZyrPointCloud cloud;
     times.build = timed([&] { cloud = buildCloud(frame); });
