@@ -8,8 +8,8 @@ class ZYR_EXPORT Zyr3DDoubleArray {
 public:
     Zyr3DDoubleArray();
     /// Copies count values from data; each one exactly equal to invalidMark becomes the invalid
-    /// value 3.4028234663852886e+38 (NaN marks nothing). The array is empty when data is null.
-    /// Throws std::length_error for a negative count.
+    /// value 3.4028234663852886e+38 (NaN marks nothing). The array is empty when data is null;
+    /// with data, a negative count throws std::length_error.
     Zyr3DDoubleArray(double* data, int count, double invalidMark);
     /// Shares the other's store.
     Zyr3DDoubleArray(const Zyr3DDoubleArray& other);
@@ -23,7 +23,8 @@ public:
     int Length() const;
     /// Whether i is in range. The element's value has no say: the invalid value counts as valid.
     bool IsValid(int i);
-    /// The flat buffer, valid until the store next grows; null when empty.
+    /// The flat buffer; null when empty. Valid until the store next grows, or the last array that
+    /// shares it goes.
     double* Data() const;
 
     /// New elements are 0.0, surplus ones are dropped from the end. Throws std::length_error for a

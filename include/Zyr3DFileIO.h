@@ -12,8 +12,8 @@ class Mat;
 /// Readers and writers of the library's own files, on bare arrays and colour matrices. The
 /// containers' Load and Save members call them; they differ by checking the path's suffix first.
 ///
-/// All give false on failure and throw nothing. A null path is a failure. Files are little-endian,
-/// whatever the locale. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g, r) or 4 (b, g, r,
+/// All give false on failure and throw nothing. A null path is a failure. Numbers are little-endian
+/// in the files. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g, r) or 4 (b, g, r,
 /// a) channels; any other counts as no colours.
 class ZYR_EXPORT Zyr3DFileIO {
 public:
@@ -36,11 +36,18 @@ public:
     ///   wanted or not, as 1 x N of 4 channels.
     /// - "ascii": nothing is read: N points, and normals where wanted, at the origin.
     ///
-    /// A body that is cut short is no failure: the values that are missing are 0. False when the
-    /// file can't be opened, the header is incomplete or contradicts itself, or a whole body does
-    /// not decode to exactly the columns that the header declares. A header word of more than 32
-    /// characters, a line of more than 61 words, and a SIZE line that has not one word a field stop
-    /// the process by an assertion failure, in release builds too.
+    /// A body that is cut short is no failure: the values that are missing are 0 (with its channel
+    /// count missing too, the colour matrix is left alone). But elements of more than 64 MiB must
+    /// be backed by bytes in the file, which what can't be measured, such as a pipe, never does.
+    ///
+    /// False when the file can't be opened, when its header is incomplete, contradicts itself, has
+    /// more than 14 fields or a number that is negative or beyond 32 bits, when coordinates are
+    /// neither floats nor doubles or wanted colours have other than 1, 3 or 4 channels, when a
+    /// whole body does not decode to exactly the columns that the header declares, and when memory
+    /// runs out. Only in the last case have the outputs changed.
+    ///
+    /// A header word of more than 32 characters, a line of more than 61 words, and a SIZE line that
+    /// has not one word a field stop the process by an assertion failure, in release builds too.
     static bool LoadPointCloud(ZyrVector3dArray& points, ZyrVector3dArray& normals, cv::Mat& colors,
                                const char* path, bool withNormals, bool withColors);
 

@@ -4,7 +4,12 @@
 
 #include "ZyrExport.h"
 
-/// Helpers of the file functions: path conversion and suffixes. Has no state.
+namespace cv {
+class Mat;
+}
+
+/// Helpers of the file functions (path conversion and suffixes) and of the oriented solids. Has no
+/// state.
 class ZYR_EXPORT Zyr3DInner {
 public:
     Zyr3DInner();
@@ -23,4 +28,10 @@ public:
     /// "basic_string::_M_construct null not valid".
     static std::string getSuffix(const char* path);
     static std::wstring getSuffix(const wchar_t* path);
+
+    /// Whether the L2 distance of the transpose times r from the identity is below the invalid
+    /// value 3.4028234663852886e+38. Deliberately that wide: any 3x3 matrix of floats or doubles
+    /// passes, scaled and mirrored ones too, unless it holds NaN or its squares reach the bound.
+    /// OpenCV's own exception comes through for another size or element type.
+    static bool isRotationMatrix(cv::Mat& r);
 };

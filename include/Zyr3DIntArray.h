@@ -7,8 +7,8 @@
 class ZYR_EXPORT Zyr3DIntArray {
 public:
     Zyr3DIntArray();
-    /// Copies count values from data. The array is empty when data is null. Throws
-    /// std::length_error for a negative count.
+    /// Copies count values from data. The array is empty when data is null; with data,
+    /// a negative count throws std::length_error.
     Zyr3DIntArray(int* data, int count);
     /// Shares the other's store.
     Zyr3DIntArray(const Zyr3DIntArray& other);
@@ -22,7 +22,8 @@ public:
     int Length() const;
     /// Whether i is in range. The element's value has no say.
     bool IsValid(int i);
-    /// The flat buffer, valid until the store next grows; null when empty.
+    /// The flat buffer; null when empty. Valid until the store next grows or is cleared, or the
+    /// last array that shares it goes.
     int* Data() const;
 
     /// New elements are 0, surplus ones are dropped from the end. Throws std::length_error for a

@@ -67,7 +67,8 @@ public:
     void Clear();
 
     /// Replaces the cloud by a file's, as Zyr3DFileIO::LoadPointCloud reads it. The suffix must be
-    /// "zpt" or "ZPT". The cloud is cleared first, so it is empty when the file is refused.
+    /// "zpt" or "ZPT". The cloud is cleared first, for those who share its points and normals too,
+    /// so it is empty when the file is refused.
     bool Load(const char* path, bool withNormals, bool withColors);
     bool Load(const wchar_t* path, bool withNormals, bool withColors);
     /// Writes a file, as Zyr3DFileIO::SavePointCloud does. The suffix must be "zpt" or "ZPT".

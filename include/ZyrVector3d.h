@@ -50,11 +50,13 @@ public:
     ZyrVector3d Abs();
     /// Whether no component's difference, truncated toward zero to a 32-bit integer, exceeds the
     /// tolerance in magnitude. Differences below 1.0 are therefore equal for any tolerance from 0
-    /// on; a difference that does not fit 32 bits, or is NaN, counts as 2147483648.
+    /// on; a difference that does not fit 32 bits, or is NaN, counts as 2147483648. A NaN tolerance
+    /// accepts everything, a negative one nothing.
     bool Equals(const ZyrVector3d& other, double tolerance);
 
     /// Euclidean length; the invalid value for an invalid vector.
     double Norm() const;
+    /// x x' + y y' + z z', summed in that order, as the squares of Norm and IsNormalized are.
     double Dot(const ZyrVector3d& other);
     ZyrVector3d Cross(const ZyrVector3d& other);
 

@@ -35,14 +35,15 @@ __attribute__((noinline, cold)) T& scratchElement() {
 /// store from many threads is safe, changing it is not.
 ///
 /// An index out of range is never reported: the operation does nothing and leaves outputs
-/// untouched. Zyr3DDoubleArray and Zyr3DIntArray follow the same rules.
+/// untouched. Elements are taken as copies, even where a parameter is a reference that could
+/// change. Zyr3DDoubleArray and Zyr3DIntArray follow the same rules.
 class ZYR_EXPORT ZyrVector3dArray {
 public:
     ZyrVector3dArray();
     /// Copies count doubles (count / 3 vectors, x y z of each in turn) from data. Every vector with
     /// a component exactly equal to invalidMark becomes the invalid vector; the invalid value
     /// itself and NaN mark nothing. The array is empty when count is no multiple of 3 or data is
-    /// null. Throws std::length_error for a negative multiple of 3.
+    /// null; with data, a negative multiple of 3 throws std::length_error.
     ZyrVector3dArray(double* data, int count, double invalidMark);
     /// Shares the other's store.
     ZyrVector3dArray(const ZyrVector3dArray& other);
@@ -55,7 +56,8 @@ public:
 
     int Length() const;
     int NumValidPoints() const;
-    /// The flat buffer, 3 doubles a vector, valid until the store next grows; null when empty.
+    /// The flat buffer, 3 doubles a vector; null when empty. Valid until the store next grows or is
+    /// cleared, or the last array that shares it goes.
     double* Data() const;
 
     /// New elements are invalid vectors, surplus ones are dropped from the end. Throws
@@ -74,7 +76,8 @@ public:
     /// Empties the shared store and gives its memory back.
     void Clear();
 
-    /// Out of range: a scratch element of the calling thread, invalid at each such access.
+    /// Out of range: a scratch element of the calling thread, invalid at each such access. Writing
+    /// to it changes nothing else.
     ZyrVector3d& operator[](int i);
     /// Out of range: the invalid vector.
     ZyrVector3d operator[](int i) const;

@@ -78,19 +78,21 @@ bool isComplete(const PcdHeader& h) {
            h.hasViewpoint && h.hasPoints && area == h.points;
 }
 
-std::uint64_t vectorBytes(const PcdHeader& header, const Target& target) {
+/// Bytes of the points, the normals where they are read, and the colours of so many channels.
+std::uint64_t elementBytes(const PcdHeader& header, const Target& target, std::uint32_t channels) {
     const auto points = static_cast<std::uint64_t>(header.points);
-    return points * sizeof(ZyrVector3d) * (target.withNormals ? 2 : 1);
+    return points * (sizeof(ZyrVector3d) * (target.withNormals ? 2 : 1) + channels);
 }
 
 void setSizes(const PcdHeader& header, const Target& target) {
-    setOrigins(target.points, header.points);
+    // The points last: the normals may share their store.
     target.withNormals ? setOrigins(target.normals, header.points) : target.normals.Clear();
+    setOrigins(target.points, header.points);
 }
 
 bool loadAscii(std::FILE* file, const PcdHeader& header, const Target& target) {
     const auto points = static_cast<std::uint64_t>(header.points);
-    if (!isBacked(vectorBytes(header, target), points * kLeastAsciiBytes, remainingBytes(file)))
+    if (!isBacked(elementBytes(header, target, 0), points * kLeastAsciiBytes, remainingBytes(file)))
         return false;
     setSizes(header, target);
     return true;
@@ -160,10 +162,10 @@ bool loadBinary(std::FILE* file, const PcdHeader& header, const Target& target) 
     const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::points);
     if (!layout) return false;
     const auto points = static_cast<std::uint64_t>(header.points);
-    const std::uint64_t elementBytes = vectorBytes(header, target) + points * 4;
+    const std::uint64_t allocated = elementBytes(header, target, header.rgb >= 0 ? 4 : 0);
     // Records of no bytes would back any number of points.
     const std::uint64_t neededBytes = std::max(layout->bodySize, points);
-    if (!isBacked(elementBytes, neededBytes, remainingBytes(file))) return false;
+    if (!isBacked(allocated, neededBytes, remainingBytes(file))) return false;
     setSizes(header, target);
     if (header.rgb >= 0) setBlack(target.colors, header.points, 4);
     RecordReader record(file, *layout);
@@ -183,9 +185,9 @@ bool loadCompressed(std::FILE* file, const PcdHeader& header, const Target& targ
     const Preamble preamble = readPreamble(file, 1);
     const std::optional<std::uint32_t> channels = preamble.channels[0];
     if (target.withColors && channels && !isColorChannelCount(*channels)) return false;
-    const std::uint64_t elementBytes =
-        vectorBytes(header, target) + static_cast<std::uint64_t>(header.points) * 4;
-    const std::optional<ReadBody> body = readBody(file, *layout, preamble, elementBytes);
+    const std::uint64_t allocated =
+        elementBytes(header, target, target.withColors ? channels.value_or(0) : 0);
+    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
     if (!body) return false;
 
     setSizes(header, target);

@@ -38,10 +38,9 @@ T valueAt(const ReadBody& body, const ReadColumn& column, std::uint64_t i) {
 }
 
 template <class T>
-void readComponent(const ReadBody& body, const ReadColumn& column, bool keepNaN,
-                   double* component) {
-    const std::uint64_t present = valuesPresent(column, body.present);
-    for (std::uint64_t i = 0; i < present; ++i, component += 3) {
+void readComponent(const ReadBody& body, const ReadColumn& column, std::uint64_t values,
+                   bool keepNaN, double* component) {
+    for (std::uint64_t i = 0; i < values; ++i, component += 3) {
         const auto value = static_cast<double>(valueAt<T>(body, column, i));
         if (keepNaN || !std::isnan(value)) *component = value;
     }
@@ -127,10 +126,13 @@ void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t fi
                  ZyrVector3dArray& vectors) {
     for (std::int32_t i = 0; i < 3; ++i) {
         const ReadColumn& column = columnAt(layout, first + i);
-        if (column.elements == 0) continue;
+        // A list that shares the store may have given it another length.
+        const std::uint64_t values = std::min(valuesPresent(column, body.present),
+                                              static_cast<std::uint64_t>(vectors.Length()));
+        if (values == 0) continue;
         double* component = vectors.Data() + i;
-        column.size == 8 ? readComponent<double>(body, column, keepNaN, component)
-                         : readComponent<float>(body, column, keepNaN, component);
+        column.size == 8 ? readComponent<double>(body, column, values, keepNaN, component)
+                         : readComponent<float>(body, column, values, keepNaN, component);
     }
 }
 
@@ -147,10 +149,7 @@ void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t 
 
 void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
                 std::optional<std::uint32_t> channels, cv::Mat& colors) {
-    if (!channels) {
-        colors.release();
-        return;
-    }
+    if (!channels) return;
     const ReadColumn& words = columnAt(layout, column);
     setBlack(colors, static_cast<int>(words.elements), static_cast<int>(*channels));
     const std::uint64_t present = valuesPresent(words, body.present);

@@ -85,7 +85,7 @@ void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t 
                    Zyr3DIntArray& triangles);
 
 /// Makes the matrix a row of black colours, and unpacks the column's words into it; a word that is
-/// not there leaves its colour black. Without a channel count the matrix becomes empty.
+/// not there leaves its colour black. Without a channel count the matrix is left alone.
 void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
                 std::optional<std::uint32_t> channels, cv::Mat& colors);
 

@@ -142,9 +142,12 @@ TEST(ZyrVector3d, EqualityFollowsTheComparisonOfDoubles) {
 }
 
 TEST(ZyrVector3d, MinimumAndMaximumChooseByComponent) {
-    ZyrVector3d v(1, 5, -3);
-    EXPECT_EQ(values(v.Minimum(ZyrVector3d(2, 4, -4))), (Values{1, 4, -4}));
-    EXPECT_EQ(values(v.Maximum(ZyrVector3d(2, 4, -4))), (Values{2, 5, -3}));
+    ZyrVector3d a(1, 5, -3);
+    ZyrVector3d b(2, 4, -4);
+    EXPECT_EQ(values(a.Minimum(b)), (Values{1, 4, -4}));
+    EXPECT_EQ(values(b.Minimum(a)), (Values{1, 4, -4}));
+    EXPECT_EQ(values(a.Maximum(b)), (Values{2, 5, -3}));
+    EXPECT_EQ(values(b.Maximum(a)), (Values{2, 5, -3}));
 }
 
 TEST(ZyrVector3d, MinimumAndMaximumTakeTheArgumentOfEqualComponents) {

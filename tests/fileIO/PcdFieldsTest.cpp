@@ -57,7 +57,9 @@ TEST(PcdFields, NameIsComparedBeforeItIsCut) {
 }
 
 TEST(PcdFields, LaterEqualNameOverwritesTheIndex) {
-    EXPECT_EQ(readLines("FIELDS x y z x y z\n").header.x, 3);
+    const zyr::PcdHeader h = readLines("FIELDS x nx rgb fa fnx frgb x nx rgb fa fnx frgb\n").header;
+    EXPECT_EQ(std::vector<int>({h.x, h.nx, h.rgb, h.fa, h.fnx, h.frgb}),
+              std::vector<int>({6, 7, 8, 9, 10, 11}));
 }
 
 TEST(PcdFields, EmptyWordsCountAsFields) {

@@ -9,6 +9,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "Zyr3DTorus.h"
 #include "support/ZyrValues.h"
 
 /// For walking the conditions of a primitive's test: values just inside and just outside a bound,
@@ -53,6 +54,15 @@ std::vector<double> fields(const Primitive& primitive) {
     static_assert(sizeof(Primitive) % sizeof(double) == 0);
     std::vector<double> doubles(sizeof(Primitive) / sizeof(double));
     std::memcpy(doubles.data(), &primitive, sizeof(Primitive));
+    return doubles;
+}
+
+/// With the type, which is no double, as one.
+inline std::vector<double> fields(const Zyr3DTorus& torus) {
+    std::vector<double> doubles = fields<Zyr3DTorus>(torus);
+    int type;
+    std::memcpy(&type, &doubles[4], sizeof(type));
+    doubles[4] = type;
     return doubles;
 }
 

@@ -9,7 +9,8 @@ using test::Sample;
 template <class Primitive>
 class Primitives : public testing::Test {};
 
-using AllPrimitives = testing::Types<Zyr3DArc, Zyr3DCircle, Zyr3DEllipse, Zyr3DRect, Zyr3DTriangle>;
+using AllPrimitives = testing::Types<Zyr3DArc, Zyr3DCircle, Zyr3DEllipse, Zyr3DRect, Zyr3DTriangle,
+                                     Zyr3DSphere, Zyr3DCylinder, Zyr3DTube, Zyr3DTorus>;
 TYPED_TEST_SUITE(Primitives, AllPrimitives);
 
 TYPED_TEST(Primitives, DefaultIsInvalid) {

@@ -69,6 +69,7 @@ TEST(Zyr3DTriangle, BarelyValidFiniteVerticesAreValid) {
 
 TEST(Zyr3DTriangle, SidesMayBeLongerThanTheInvalidValue) {
     EXPECT_TRUE(Zyr3DTriangle({-3e38, 3e38, 0}, {3e38, 3e38, 0}, {0, 0, 0}).IsValid());
+    EXPECT_TRUE(Zyr3DTriangle({0, 0, 0}, {3e38, 3e38, 0}, {-3e38, 3e38, 0}).IsValid());
 }
 
 TEST(Zyr3DTriangle, FarAwayBSeesTheOthersOnOneLine) {

@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cstdlib>
+#include <fstream>
+
+#include "support/CloudFile.h"
+
+/// Allocations that fail, in a child process that may not take more memory.
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasSanitizer = true;
+#else
+constexpr bool kHasSanitizer = false;
+#endif
+
+namespace {
+
+constexpr int kPoints = 2000000;
+
+/// Takes all memory but small pieces, what the allocator keeps from earlier tests included.
+void limitMemory() {
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlim_t most = pages * 4096 + (rlim_t(16) << 20);
+    const rlimit limit{most, most};
+    setrlimit(RLIMIT_AS, &limit);
+    static void* volatile taken;  // volatile, so that the allocations are not optimised away
+    do taken = std::malloc(1 << 20);
+    while (taken != nullptr);
+}
+
+}  // namespace
+
+TEST(PointCloudMemory, LoadingWithoutEnoughGivesFalse) {
+    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    const test::MemoryFile file(test::CloudHeader(kPoints).kind("ascii").bytes());
+    const auto load = [&] {
+        limitMemory();
+        std::exit(test::loadFile(file.path(), false, false).isLoaded ? 1 : 0);
+    };
+    EXPECT_EXIT(load(), testing::ExitedWithCode(0), "");
+}
+
+TEST(PointCloudMemory, SavingWithoutEnoughGivesFalseAndCreatesNoFile) {
+    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    const test::TempFolder folder;
+    const std::string path = folder.path("a.zpt");
+    ZyrVector3dArray points, normals;
+    points.SetSize(kPoints);
+    cv::Mat colors;
+    const auto save = [&] {
+        limitMemory();
+        std::exit(Zyr3DFileIO::SavePointCloud(points, normals, colors, path.c_str(), false, false)
+                      ? 1
+                      : 0);
+    };
+    EXPECT_EXIT(save(), testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(test::fileExists(path));
+}

@@ -1,0 +1,62 @@
+#include "fileIO/ReadColumns.h"
+
+#include <gtest/gtest.h>
+
+#include "support/CloudFile.h"
+#include "support/PcdText.h"
+#include "support/ZyrValues.h"
+
+namespace {
+
+zyr::PcdHeader header(const std::string& lines) {
+    return test::readLines(lines).header;
+}
+
+}  // namespace
+
+TEST(ReadColumns, LieOneBehindTheOther) {
+    const auto layout = zyr::readLayout(
+        header("FIELDS x y z a\nSIZE 8 8 4 2\nCOUNT 1 1 1 3\nPOINTS 10\n"), zyr::FieldsOf::points);
+    ASSERT_TRUE(layout.has_value());
+    ASSERT_EQ(layout->columns.size(), 4U);
+    EXPECT_EQ(layout->columns[1].offset, 80U);
+    EXPECT_EQ(layout->columns[2].offset, 160U);
+    EXPECT_EQ(layout->columns[3].offset, 200U);
+    EXPECT_EQ(layout->columns[3].stride, 6U);
+    EXPECT_EQ(layout->bodySize, 260U);
+}
+
+TEST(ReadColumns, FaceFieldsHaveOneElementAFace) {
+    const auto layout = zyr::readLayout(
+        header("FIELDS x y z fa fb fc\nSIZE 8 8 8 4 4 4\nCOUNT 1 1 1 1 1 1\nPOINTS 10\nFACES 3\n"),
+        zyr::FieldsOf::pointsAndFaces);
+    ASSERT_TRUE(layout.has_value());
+    EXPECT_EQ(layout->columns[2].elements, 10U);
+    EXPECT_EQ(layout->columns[3].elements, 3U);
+    EXPECT_EQ(layout->bodySize, 240U + 36U);
+}
+
+TEST(ReadColumns, SizesBeyond64BitsGiveNone) {
+    const std::string most = "2147483647";
+    const auto product = header("FIELDS x y z\nSIZE " + most + " 1 1\nCOUNT " + most +
+                                " 1 1\nPOINTS " + most + "\n");
+    EXPECT_FALSE(zyr::readLayout(product, zyr::FieldsOf::points).has_value());
+    const std::string eight = "2147483647 2147483647 2147483647 2147483647 2147483647";
+    const auto sum =
+        header("FIELDS x y z a b\nSIZE " + eight + "\nCOUNT " + eight + "\nPOINTS 4\n");
+    EXPECT_FALSE(zyr::readLayout(sum, zyr::FieldsOf::points).has_value());
+}
+
+TEST(ReadColumns, NaNIsKeptWhereAskedFor) {
+    const auto layout = zyr::readLayout(header("FIELDS x y z\nSIZE 8 8 8\nCOUNT 1 1 1\nPOINTS 1\n"),
+                                        zyr::FieldsOf::points);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const test::Bytes bytes = test::bytesOf<double>({nan, 2, nan});
+    zyr::ReadBody body{zyr::Buffer(24), 24};
+    std::copy(bytes.begin(), bytes.end(), body.bytes.data());
+    ZyrVector3dArray kept = test::vectors({7, 8, 9}), left = kept.DeepCopy();
+    zyr::readVectors(body, *layout, 0, true, kept);
+    zyr::readVectors(body, *layout, 0, false, left);
+    EXPECT_TRUE(kept[0].x != kept[0].x && kept[0].z != kept[0].z);
+    EXPECT_EQ(test::values(left), (std::vector<double>{7, 2, 9}));
+}

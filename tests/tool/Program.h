@@ -1,0 +1,80 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <opencv2/imgcodecs.hpp>
+#include <string>
+
+#include "ZyrPointCloud.h"
+
+namespace test {
+
+inline std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void writeFile(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+struct Result {
+    int exitCode;  ///< 128 and more after a signal
+    std::string out, err;
+};
+
+/// Runs the program in a fresh folder that goes away afterwards.
+class Tool : public testing::Test {
+protected:
+    Tool() {
+        std::string name = (std::filesystem::temp_directory_path() / "zyr3d-XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        folder_ = name;
+    }
+    ~Tool() override { std::filesystem::remove_all(folder_); }
+
+    std::string path(const std::string& name) const { return folder_ + "/" + name; }
+
+    /// The arguments are words for the shell; before them the shell may be prepared.
+    Result run(const std::string& arguments, const std::string& preparation = "true") const {
+        const std::string command = "cd " + folder_ + " && " + preparation + "; " ZYR_TOOL " " +
+                                    arguments + " >out.txt 2>err.txt";
+        const int status = std::system(command.c_str());
+        const int exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        return {exitCode, readFile(path("out.txt")), readFile(path("err.txt"))};
+    }
+
+    /// What stands behind a label in a table.
+    static std::string row(const Result& result, const std::string& label) {
+        const std::size_t at = result.out.find("\n  " + label + "  ");
+        if (at == std::string::npos) return "no such row in: " + result.out;
+        const std::size_t start = result.out.find_first_not_of(' ', at + 3 + label.size());
+        return result.out.substr(start, result.out.find('\n', start) - start);
+    }
+
+    /// Fails unless the run ended with this code and one line that holds the text.
+    static void expectTrouble(const Result& result, int exitCode, const std::string& text) {
+        EXPECT_EQ(result.exitCode, exitCode);
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+        EXPECT_EQ(result.err.rfind("zyr3d: ", 0), 0u) << result.err;
+        EXPECT_NE(result.err.find(text), std::string::npos) << result.err;
+    }
+
+    ZyrPointCloud load(const std::string& name) const {
+        ZyrPointCloud cloud;
+        EXPECT_TRUE(cloud.Load(path(name).c_str(), true, true));
+        return cloud;
+    }
+
+private:
+    std::string folder_;
+};
+
+}  // namespace test
