@@ -28,8 +28,8 @@ protected:
         file_.width = 3;
         file_.height = 2;
         file_.channels = 3;
-        file_.valueStream = test::literalStream(test::goldenValues(0));
-        file_.colorStream = test::literalStream(test::goldenColors(3));
+        file_.valueStream = test::literalStream(test::goldenRangeValues(0));
+        file_.colorStream = test::literalStream(test::goldenRangeColors(3));
     }
 
     /// Loads into stores of one pixel and one colour, which a refusal must leave.

@@ -65,8 +65,8 @@ RC_GTEST_PROP(RangeImageFile, SpoiltBytesAreReadWhollyOrNotAtAll, (std::uint32_t
     file.width = 3;
     file.height = 2;
     file.channels = 3;
-    file.valueStream = test::literalStream(test::goldenValues(file.type));
-    file.colorStream = test::literalStream(test::goldenColors(3));
+    file.valueStream = test::literalStream(test::goldenRangeValues(file.type));
+    file.colorStream = test::literalStream(test::goldenRangeColors(3));
     Bytes bytes = file.bytes();
     const int spoilt = *rc::gen::inRange(1, 4);
     for (int i = 0; i < spoilt; ++i, seed = seed * 1664525 + 1013904223)
@@ -118,12 +118,12 @@ TEST(RangeImageFile, IsReadFromAPipeToo) {
     RangeFile file;
     file.width = 3;
     file.height = 2;
-    file.valueStream = test::literalStream(test::goldenValues(0));
+    file.valueStream = test::literalStream(test::goldenRangeValues(0));
     const Bytes bytes = file.bytes();
     ASSERT_EQ(write(ends[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
     close(ends[1]);
     const zyr::File stream(fdopen(ends[0], "rb"));
     Stores loaded;
     ASSERT_TRUE(read(stream.get(), loaded, true));
-    EXPECT_EQ(test::bytesOf(loaded.values), test::goldenValues(0));
+    EXPECT_EQ(test::bytesOf(loaded.values), test::goldenRangeValues(0));
 }

@@ -35,8 +35,8 @@ RangeFile sample() {
     file.width = 3;
     file.height = 2;
     file.channels = 3;
-    file.valueStream = test::literalStream(test::goldenValues(0));
-    file.colorStream = test::literalStream(test::goldenColors(3));
+    file.valueStream = test::literalStream(test::goldenRangeValues(0));
+    file.colorStream = test::literalStream(test::goldenRangeColors(3));
     return file;
 }
 
@@ -52,7 +52,7 @@ void expectGrid(const cv::Mat& mat, int rows, int columns, int type, const Bytes
 TEST_P(RangeImageFileReadGolden, GivesTheValuesAndTheCalibration) {
     Stores stores;
     ASSERT_TRUE(stores.load(GetParam().path().c_str(), false));
-    expectGrid(stores.values, 2, 3, GetParam().type, test::goldenValues(GetParam().type));
+    expectGrid(stores.values, 2, 3, GetParam().type, test::goldenRangeValues(GetParam().type));
     EXPECT_EQ(stores.calibration(), test::kGoldenCalibration);
     EXPECT_TRUE(stores.colors.empty());
 }
@@ -65,7 +65,7 @@ TEST_P(RangeImageFileReadGolden, GivesTheColorsThatItHasWhenWanted) {
         return;
     }
     const int channels = GetParam().channels;
-    expectGrid(stores.colors, 2, 3, CV_8UC(channels), test::goldenColors(channels));
+    expectGrid(stores.colors, 2, 3, CV_8UC(channels), test::goldenRangeColors(channels));
 }
 
 INSTANTIATE_TEST_SUITE_P(Golden, RangeImageFileReadGolden, testing::ValuesIn(test::goldenRanges()),
@@ -105,7 +105,7 @@ TEST_F(RangeImageFileRead, InternalReaderLeavesTheStreamToItsCaller) {
         EXPECT_EQ(test::openDescriptors(path_), 1);
     }
     EXPECT_EQ(test::openDescriptors(path_), 0);
-    expectGrid(stores_.values, 2, 3, 0, test::goldenValues(0));
+    expectGrid(stores_.values, 2, 3, 0, test::goldenRangeValues(0));
 }
 
 TEST_F(RangeImageFileRead, LeavesTheValueRange) {
@@ -191,7 +191,7 @@ TEST_F(RangeImageFileRead, AnUnknownTypeLeavesTheValuesAndReadsOn) {
         stores_.colors = cv::Mat();
         ASSERT_TRUE(load(file.bytes(), true)) << type;
         expectGrid(stores_.values, 1, 1, CV_8U, {9});
-        expectGrid(stores_.colors, 2, 3, CV_8UC3, test::goldenColors(3));
+        expectGrid(stores_.colors, 2, 3, CV_8UC3, test::goldenRangeColors(3));
         EXPECT_EQ(stores_.calibration(), test::kGoldenCalibration);
     }
 }

@@ -32,7 +32,7 @@ class RangeImageFileWriteGolden : public RangeImageFileWrite,
 
 Stores sample(int type = 0) {
     Stores stores;
-    stores.values = test::matOf(2, 3, type, test::goldenValues(type));
+    stores.values = test::matOf(2, 3, type, test::goldenRangeValues(type));
     return stores;
 }
 
@@ -48,13 +48,13 @@ TEST_P(RangeImageFileWriteGolden, HasTheHeadByteByByteAndBlocksThatDecodeToTheSa
     const RangeFile file = written(stores, GetParam().hasColors);
     EXPECT_EQ(file.head(), test::prefix(expected, 68));
     EXPECT_EQ(test::prefix(test::readFile(path_), 68), test::prefix(expected, 68));
-    const Bytes values = test::goldenValues(GetParam().type);
+    const Bytes values = test::goldenRangeValues(GetParam().type);
     EXPECT_EQ(test::plainDecode(file.valueStream, values.size()), values);
     if (!GetParam().hasColors) {
         EXPECT_TRUE(file.colorStream.empty());
         return;
     }
-    const Bytes colors = test::goldenColors(GetParam().channels);
+    const Bytes colors = test::goldenRangeColors(GetParam().channels);
     EXPECT_EQ(test::plainDecode(file.colorStream, colors.size()), colors);
 }
 
@@ -98,8 +98,8 @@ TEST_F(RangeImageFileWrite, ColorsOfAnotherNumberAreLeftOut) {
 
 TEST_F(RangeImageFileWrite, ColorsOfAnotherShapeAreStoredWhenTheirNumberFits) {
     Stores stores = sample();
-    stores.colors = test::matOf(1, 6, CV_8UC3, test::goldenColors(3));
-    EXPECT_EQ(test::plainDecode(written(stores, true).colorStream, 18), test::goldenColors(3));
+    stores.colors = test::matOf(1, 6, CV_8UC3, test::goldenRangeColors(3));
+    EXPECT_EQ(test::plainDecode(written(stores, true).colorStream, 18), test::goldenRangeColors(3));
 }
 
 TEST_F(RangeImageFileWrite, AMatrixOfAnotherKindCountsAsNoColors) {

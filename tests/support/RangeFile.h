@@ -95,7 +95,7 @@ struct Stores {
 };
 
 /// The value block of the golden files, by type.
-inline Bytes goldenValues(int type) {
+inline Bytes goldenRangeValues(int type) {
     switch (type) {
         case 0:
             return {0, 1, 127, 128, 254, 255};
@@ -116,7 +116,7 @@ inline Bytes goldenValues(int type) {
 }
 
 /// The colour block of the golden files, by channels.
-inline Bytes goldenColors(int channels) {
+inline Bytes goldenRangeColors(int channels) {
     Bytes bytes;
     for (int i = 0; i < 6 * channels; ++i) bytes.push_back(static_cast<unsigned char>(10 * i + 3));
     return bytes;
@@ -132,9 +132,9 @@ struct GoldenRange {
     /// The image that the file was written from.
     Stores stores() const {
         Stores stores;
-        stores.values = matOf(2, 3, type, goldenValues(type));
+        stores.values = matOf(2, 3, type, goldenRangeValues(type));
         if (hasColors || channels != 1)
-            stores.colors = matOf(2, 3, CV_8UC(channels), goldenColors(channels));
+            stores.colors = matOf(2, 3, CV_8UC(channels), goldenRangeColors(channels));
         stores.setCalibration(kGoldenCalibration);
         return stores;
     }
