@@ -79,4 +79,33 @@ public:
                                  cv::Mat& vertexColors, Zyr3DIntArray& triangles,
                                  ZyrVector3dArray& triangleNormals, cv::Mat& triangleColors,
                                  const char* path, bool withNormals, bool withColors);
+
+    /// Writes a range-image file: the values, of one channel and a type from 0 to 6, the
+    /// calibration and, when wanted and as many as the values, the colours, a grid. Rows are stored
+    /// packed. The value range is not stored; the head states the channels of the colours even when
+    /// these are not.
+    ///
+    /// False when there are no values or they are of another type, when a compressed block takes
+    /// 2 GiB or more, or when the file can't be opened, written or closed; in the first two cases
+    /// no file is created.
+    static bool SaveRangeImage(cv::Mat& values, cv::Mat& colors, const char* path, double& minValue,
+                               double& maxValue, double& resolutionX, double& resolutionY,
+                               double& resolutionZ, double& offsetX, double& offsetY,
+                               double& offsetZ, bool withColors);
+
+    /// Reads a range-image file. The matrices become new ones, so that whoever shares the old ones
+    /// keeps them as they are; colors is left alone unless wanted and in the file, and values when
+    /// the file's type code is unknown. minValue and maxValue stay.
+    ///
+    /// On success the file stays open, until the process ends: callers rely on it. Whoever loads
+    /// many files needs a descriptor for each.
+    ///
+    /// False when the file can't be opened, starts with a byte 0xFF, is cut short, or has a block
+    /// that does not decode to exactly width * height elements, or colours of other than 1, 3 or 4
+    /// channels. Even then resolutionX and resolutionY are 1.0 and offsetZ is 0.0 afterwards; all
+    /// else is as it was, and the file is closed.
+    static bool LoadRangeImage(cv::Mat& values, cv::Mat& colors, const char* path, double& minValue,
+                               double& maxValue, double& resolutionX, double& resolutionY,
+                               double& resolutionZ, double& offsetX, double& offsetY,
+                               double& offsetZ, bool withColors);
 };

@@ -84,6 +84,7 @@ public:
 private:
     // The containers hand the matrix itself to the file readers and writers.
     friend class ZyrPointCloud;
+    friend class ZyrRangeImage;
     friend class ZyrTriangleMesh;
 
     cv::Mat* mat_;

@@ -12,6 +12,9 @@ constexpr std::size_t lzfWorstCase(std::size_t inLen) {
     return inLen + (inLen + 31) / 32;
 }
 
+/// What a byte of a stream decodes to at the most: a reference of three bytes gives up to 264.
+constexpr std::size_t kLzfMaxExpansion = 88;
+
 /// Bytes written; 0 when they do not fit.
 std::size_t lzfCompress(const Byte* in, std::size_t inLen, Byte* out, std::size_t outLen);
 

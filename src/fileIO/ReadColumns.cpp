@@ -14,9 +14,6 @@
 namespace zyr {
 namespace {
 
-/// The longest back-reference gives 264 bytes for 3.
-constexpr std::uint64_t kMaxExpansion = 88;
-
 const ReadColumn& columnAt(const ReadLayout& layout, std::int32_t i) {
     return layout.columns[static_cast<std::size_t>(i)];
 }
@@ -114,7 +111,7 @@ std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
         preamble.isCut ? std::vector<Byte>() : readUpTo(file, preamble.streamSize);
     const bool isCut = preamble.isCut || stream.size() < preamble.streamSize;
     const std::uint64_t allocated = std::max(layout.bodySize, elementBytes);
-    if (!isBacked(allocated, layout.bodySize, stream.size() * kMaxExpansion)) return {};
+    if (!isBacked(allocated, layout.bodySize, stream.size() * kLzfMaxExpansion)) return {};
     Buffer bytes(layout.bodySize);
     const LzfResult result =
         lzfDecompress(stream.data(), stream.size(), bytes.data(), bytes.size());
