@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "support/Meshes.h"
@@ -100,6 +101,16 @@ TEST(MeshTriangle, IsTestedByTheAngleAtItsSecondCorner) {
     const ZyrVector3dArray needle = test::vectors({0, 0, 0, 1, 0, 0, 1, 1e-3, 0});
     EXPECT_TRUE(isValid(needle, 0, 1, 2));
     EXPECT_FALSE(isValid(needle, 1, 0, 2));
+}
+
+TEST(MeshTriangle, IsTestedBeyondWhereSquaresKeepTheirDigits) {
+    // 1 / cos - 1 is 1e-5, below the bound, but the squared lengths' product rounds to two units of
+    // the smallest number and the squared dot product to one.
+    const double cosine = 1 / 1.00001;
+    const double side = std::pow(1.5, 0.25) * std::exp2(-268.5) * 1.0000025;
+    EXPECT_FALSE(isValid(test::vectors({side, 0, 0, 0, 0, 0, side * cosine,
+                                        side * std::sqrt(1 - cosine * cosine), 0}),
+                         0, 1, 2));
 }
 
 TEST(MeshTriangle, OutOfRangeIsNotValid) {
