@@ -280,3 +280,9 @@ TEST(ZyrVector3d, CrossFollowsTheRightHand) {
     EXPECT_EQ(values(ZyrVector3d(1, 0, 0).Cross(ZyrVector3d(0, 1, 0))), (Values{0, 0, 1}));
     EXPECT_EQ(values(ZyrVector3d(2, 3, 5).Cross(ZyrVector3d(7, 11, 13))), (Values{-16, 9, 1}));
 }
+
+TEST(ZyrVector3d, CrossRoundsBothProductsBeforeItSubtracts) {
+    ZyrVector3d v(0.1, 0.1, 0.1);
+    ASSERT_NE(std::fma(0.1, 0.1, -(0.1 * 0.1)), 0) << "or a fused multiply-add would do";
+    EXPECT_EQ(values(v.Cross(v)), (Values{0, 0, 0}));
+}
