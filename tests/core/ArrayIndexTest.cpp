@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/ArrayElements.h"
@@ -12,7 +13,7 @@ using test::arrayOf;
 using test::element;
 using test::ElementOf;
 using test::expected;
-using test::flat;
+using test::flatElement;
 using test::values;
 
 template <class Array>
@@ -25,7 +26,6 @@ protected:
         return {-1, 3, 4, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
     }
 
-    static auto flatElement(const Element& e) { return flat(std::vector<Element>{e}); }
     static auto fallback() { return flatElement(Element()); }
 
     Array array_ = arrayOf<Array>({1, 2, 3});
@@ -33,8 +33,7 @@ protected:
     Element nine_ = element<Element>(9);
 };
 
-using Arrays = testing::Types<ZyrVector3dArray, Zyr3DDoubleArray, Zyr3DIntArray>;
-TYPED_TEST_SUITE(ArrayIndex, Arrays);
+TYPED_TEST_SUITE(ArrayIndex, test::Arrays);
 
 TYPED_TEST(ArrayIndex, InsertPutsTheElementBeforeTheIndex) {
     this->array_.Insert(0, this->nine_);
@@ -88,20 +87,19 @@ TYPED_TEST(ArrayIndex, ReplaceOutOfRangeDoesNothing) {
 
 TYPED_TEST(ArrayIndex, SelectCopiesTheElement) {
     this->array_.Select(1, &this->nine_);
-    EXPECT_EQ(this->flatElement(this->nine_), expected<TypeParam>({2}));
+    EXPECT_EQ(flatElement(this->nine_), expected<TypeParam>({2}));
     EXPECT_EQ(values(this->array_), expected<TypeParam>({1, 2, 3}));
 }
 
 TYPED_TEST(ArrayIndex, SelectOutOfRangeLeavesTheOutputUntouched) {
     for (int i : this->outOfRange()) this->array_.Select(i, &this->nine_);
-    EXPECT_EQ(this->flatElement(this->nine_), expected<TypeParam>({9}));
+    EXPECT_EQ(flatElement(this->nine_), expected<TypeParam>({9}));
 }
 
 TYPED_TEST(ArrayIndex, AnElementOfTheArrayItselfMayBeAppended) {
     for (int i = 0; i < 40; ++i) this->array_.Append(this->array_[0]);
     EXPECT_EQ(this->array_.Length(), 43);
-    for (int i = 3; i < 43; ++i)
-        EXPECT_EQ(this->flatElement(this->array_[i]), expected<TypeParam>({1}));
+    for (int i = 3; i < 43; ++i) EXPECT_EQ(flatElement(this->array_[i]), expected<TypeParam>({1}));
 }
 
 TYPED_TEST(ArrayIndex, AnElementOfTheArrayItselfMayBeInserted) {
@@ -133,20 +131,20 @@ TYPED_TEST(ArrayIndex, SubscriptRefersToTheElement) {
 TYPED_TEST(ArrayIndex, ConstSubscriptGivesACopy) {
     const auto& copy = this->constArray_[1];
     this->array_[1] = this->nine_;
-    EXPECT_EQ(this->flatElement(copy), expected<TypeParam>({2}));
+    EXPECT_EQ(flatElement(copy), expected<TypeParam>({2}));
 }
 
 TYPED_TEST(ArrayIndex, SubscriptOutOfRangeGivesADefaultElement) {
     for (int i : this->outOfRange()) {
-        EXPECT_EQ(this->flatElement(this->array_[i]), this->fallback());
-        EXPECT_EQ(this->flatElement(this->constArray_[i]), this->fallback());
+        EXPECT_EQ(flatElement(this->array_[i]), this->fallback());
+        EXPECT_EQ(flatElement(this->constArray_[i]), this->fallback());
     }
 }
 
 TYPED_TEST(ArrayIndex, SubscriptOfAnEmptyArrayGivesADefaultElement) {
     TypeParam empty;
-    EXPECT_EQ(this->flatElement(empty[0]), this->fallback());
-    EXPECT_EQ(this->flatElement(std::as_const(empty)[0]), this->fallback());
+    EXPECT_EQ(flatElement(empty[0]), this->fallback());
+    EXPECT_EQ(flatElement(std::as_const(empty)[0]), this->fallback());
 }
 
 TYPED_TEST(ArrayIndex, WritingOutOfRangeChangesNoArrayAndIsForgotten) {
@@ -154,15 +152,15 @@ TYPED_TEST(ArrayIndex, WritingOutOfRangeChangesNoArrayAndIsForgotten) {
     this->array_[3] = this->nine_;
     this->array_[-1] = this->nine_;
     EXPECT_EQ(values(this->array_), expected<TypeParam>({1, 2, 3}));
-    EXPECT_EQ(this->flatElement(this->array_[3]), this->fallback());
-    EXPECT_EQ(this->flatElement(other[1]), this->fallback());
+    EXPECT_EQ(flatElement(this->array_[3]), this->fallback());
+    EXPECT_EQ(flatElement(other[1]), this->fallback());
 }
 
 TYPED_TEST(ArrayIndex, TheElementOutOfRangeIsTheCallingThreadsOwn) {
     auto& mine = this->array_[-1];
     mine = this->nine_;
     std::thread([this] { this->array_[-1] = element<ElementOf<TypeParam>>(5); }).join();
-    EXPECT_EQ(this->flatElement(mine), expected<TypeParam>({9}));
+    EXPECT_EQ(flatElement(mine), expected<TypeParam>({9}));
 }
 
 // A list of doubles has no Swap.

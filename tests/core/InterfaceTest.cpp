@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <type_traits>
 
 #include "Zyr3DDoubleArray.h"
@@ -7,6 +8,7 @@
 #include "ZyrColorArray.h"
 #include "ZyrVector3d.h"
 #include "ZyrVector3dArray.h"
+#include "support/Interface.h"
 
 // The binary interface of soname 3: callers are linked against exactly these names, parameters and
 // const. This file compiles or it does not.
@@ -20,12 +22,52 @@ static_assert(kIsOnePointer<Zyr3DIntArray>);
 static_assert(kIsOnePointer<ZyrColorArray>);
 static_assert(std::is_empty_v<Zyr3DInner>);
 
+// What the one pointer of a sharing array leads to.
+using Holder = zyr::SharedStore<double>;
+static_assert(std::is_standard_layout_v<Holder>);
+static_assert(offsetof(Holder, elements) == 0);
+static_assert(offsetof(Holder, owner) == 8);
+static_assert(sizeof(Holder) == 24);
+static_assert(std::is_same_v<decltype(Holder::elements), std::vector<double>*>);
+static_assert(std::is_same_v<decltype(Holder::owner), std::shared_ptr<std::vector<double>>>);
+
+using test::kIsPlainlyOffered;
+using test::kMakes;
+
+static_assert(kIsPlainlyOffered<ZyrVector3d>);
+static_assert(kIsPlainlyOffered<ZyrColor>);
+static_assert(kIsPlainlyOffered<ZyrVector3dArray>);
+static_assert(kIsPlainlyOffered<Zyr3DDoubleArray>);
+static_assert(kIsPlainlyOffered<Zyr3DIntArray>);
+static_assert(kIsPlainlyOffered<ZyrColorArray>);
+static_assert(kIsPlainlyOffered<Zyr3DInner>);
+
+static_assert(kMakes<ZyrVector3d, double, double, double>);
+static_assert(!kMakes<ZyrVector3d, double, double, long double>);
+static_assert(kMakes<ZyrColor, int, int, int, int>);
+static_assert(!kMakes<ZyrColor, int, int, int, long>);
+static_assert(kMakes<ZyrVector3dArray, double*, int, double>);
+static_assert(!kMakes<ZyrVector3dArray, const double*, int, double>);
+static_assert(!kMakes<ZyrVector3dArray, double*, long, double>);
+static_assert(!kMakes<ZyrVector3dArray, int>);
+static_assert(kMakes<Zyr3DDoubleArray, double*, int, double>);
+static_assert(!kMakes<Zyr3DDoubleArray, const double*, int, double>);
+static_assert(!kMakes<Zyr3DDoubleArray, double*, long, double>);
+static_assert(!kMakes<Zyr3DDoubleArray, int>);
+static_assert(kMakes<Zyr3DIntArray, int*, int>);
+static_assert(!kMakes<Zyr3DIntArray, const int*, int>);
+static_assert(!kMakes<Zyr3DIntArray, int*, long>);
+static_assert(!kMakes<Zyr3DIntArray, int>);
+static_assert(kMakes<ZyrColorArray, void*, int, int>);
+static_assert(!kMakes<ZyrColorArray, const void*, int, int>);
+static_assert(!kMakes<ZyrColorArray, void*, int, long>);
+static_assert(kMakes<ZyrColorArray, void*, int, int, int>);
+static_assert(!kMakes<ZyrColorArray, const void*, int, int, int>);
+static_assert(!kMakes<ZyrColorArray, int, int>);
+
 // Listed without default arguments.
-static_assert(std::is_constructible_v<ZyrVector3dArray, double*, int, double>);
 static_assert(!std::is_constructible_v<ZyrVector3dArray, double*, int>);
-static_assert(std::is_constructible_v<Zyr3DDoubleArray, double*, int, double>);
 static_assert(!std::is_constructible_v<Zyr3DDoubleArray, double*, int>);
-static_assert(std::is_constructible_v<Zyr3DIntArray, int*, int>);
 static_assert(!std::is_constructible_v<Zyr3DIntArray, int*, int, int>);
 static_assert(!std::is_constructible_v<ZyrVector3d, double, double>);
 static_assert(!std::is_constructible_v<ZyrColor, int, int, int>);
@@ -97,8 +139,6 @@ using A = Zyr3DIntArray;
 
 namespace colors {
 using A = ZyrColorArray;
-static_assert(std::is_constructible_v<A, void*, int, int>);
-static_assert(std::is_constructible_v<A, void*, int, int, int>);
 [[maybe_unused]] constexpr A& (A::*assign)(const A&) = &A::operator=;
 [[maybe_unused]] constexpr A (A::*deepCopy)() = &A::DeepCopy;
 [[maybe_unused]] constexpr int (A::*width)() const = &A::Width;

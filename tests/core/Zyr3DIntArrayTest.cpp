@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <stdexcept>
 
 #include "support/ArrayElements.h"
+#include "support/LengthError.h"
 
 using test::values;
 using Values = std::vector<int>;
@@ -35,12 +35,7 @@ TEST(Zyr3DIntArray, ACountOfZeroGivesAnEmptyArray) {
 
 TEST(Zyr3DIntArray, ANegativeCountIsALengthError) {
     int buffer[] = {1};
-    try {
-        Zyr3DIntArray(buffer, -1);
-        ADD_FAILURE();
-    } catch (const std::length_error& error) {
-        EXPECT_NE(std::string(error.what()).find("vector::reserve"), std::string::npos);
-    }
+    EXPECT_TRUE(test::isLengthError([&] { Zyr3DIntArray(buffer, -1); }));
 }
 
 TEST(Zyr3DIntArray, AnyElementInRangeIsValidWhateverItsValue) {
@@ -60,14 +55,4 @@ TEST(Zyr3DIntArray, SetSizeGrowsByZeros) {
     Zyr3DIntArray array;
     array.SetSize(3);
     EXPECT_EQ(values(array), (Values{0, 0, 0}));
-}
-
-TEST(Zyr3DIntArray, ClearGivesTheMemoryBack) {
-    Zyr3DIntArray array;
-    array.SetSize(1000);
-    array.Clear();
-    array.SetSize(1);
-    const int* before = array.Data();
-    array.SetSize(2);  // needs a new block, unless capacity is left
-    EXPECT_NE(array.Data(), before);
 }

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <limits>
 #include <opencv2/core.hpp>
 #include <string>
+#include <utility>
 
 #include "ZyrColorArray.h"
 #include "support/Colors.h"
+#include "support/StopText.h"
 
 // The four closed sizing operations: they stop the process for good arguments, and past their check
 // only bad ones arrive.
@@ -23,31 +26,24 @@ constexpr char kArea[] = "width*height <0 || (channel != 1 && channel != 3 && ch
 
 unsigned char pixels[64];
 
-/// The C library's message of a failed assertion, as a regular expression that takes it literally.
-std::string stopped(const std::string& line, const std::string& function, const char* expression) {
-    std::string escaped;
-    for (char c : ": ZyrColorArray.cpp:" + line + ": " + function + ": Assertion `" + expression +
-                      "' failed.\n") {
-        if (std::string(".*+?()[]{}|^$\\").find(c) != std::string::npos) escaped += '\\';
-        escaped += c;
-    }
-    return escaped;
+std::string stopped(int line, const std::string& function, const char* expression) {
+    return test::stopText("ZyrColorArray.cpp", line, function, expression);
 }
 
 std::string stoppedFromBuffer() {
-    return stopped("54", "ZyrColorArray::ZyrColorArray(void*, int, int)", kSize);
+    return stopped(54, "ZyrColorArray::ZyrColorArray(void*, int, int)", kSize);
 }
 
 std::string stoppedFromGrid() {
-    return stopped("79", "ZyrColorArray::ZyrColorArray(void*, int, int, int)", kArea);
+    return stopped(79, "ZyrColorArray::ZyrColorArray(void*, int, int, int)", kArea);
 }
 
 std::string stoppedCreateColorArray() {
-    return stopped("98", "bool ZyrColorArray::CreateColorArray(void*, int, int, int)", kArea);
+    return stopped(98, "bool ZyrColorArray::CreateColorArray(void*, int, int, int)", kArea);
 }
 
 std::string stoppedSetSize() {
-    return stopped("120", "void ZyrColorArray::SetSize(int, int, int)", kArea);
+    return stopped(120, "void ZyrColorArray::SetSize(int, int, int)", kArea);
 }
 
 template <class Operation>
@@ -167,6 +163,13 @@ TEST(ZyrColorArrayClosed, ANegativeSizeIsOpenCVsErrorAndLeavesTheArrayAsItWas) {
     EXPECT_EQ(bytes(colors), (Bytes{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(colors.Height(), 1);
     EXPECT_EQ(colors.Channel(), 3);
+}
+
+TEST(ZyrColorArrayClosed, AreasBeyond32BitsStayNegative) {
+    ZyrColorArray colors;  // 32 bits would make 1673527296 of the product
+    EXPECT_THROW(ZyrColorArray(pixels, -65536, 40000, 3), cv::Exception);
+    EXPECT_THROW(colors.CreateColorArray(pixels, -65536, 40000, 3), cv::Exception);
+    EXPECT_THROW(colors.SetSize(-65536, 40000, 3), cv::Exception);
 }
 
 TEST(ZyrColorArrayClosed, NullDataIsOpenCVsErrorOfAMatrixWithoutData) {

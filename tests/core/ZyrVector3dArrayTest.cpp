@@ -4,8 +4,8 @@
 
 #include <cmath>
 #include <limits>
-#include <stdexcept>
 
+#include "support/LengthError.h"
 #include "support/ZyrValues.h"
 
 using test::kInvalid;
@@ -93,12 +93,8 @@ TEST(ZyrVector3dArray, ANullBufferGivesAnEmptyArrayWhateverTheCount) {
 
 TEST(ZyrVector3dArray, ANegativeMultipleOfThreeIsALengthError) {
     double buffer[] = {1, 2, 3};
-    for (int count : {-3, -6}) try {
-            ZyrVector3dArray(buffer, count, 0.0);
-            ADD_FAILURE() << count;
-        } catch (const std::length_error& error) {
-            EXPECT_NE(std::string(error.what()).find("vector::reserve"), std::string::npos);
-        }
+    for (int count : {-3, -6})
+        EXPECT_TRUE(test::isLengthError([&] { ZyrVector3dArray(buffer, count, 0.0); })) << count;
 }
 
 TEST(ZyrVector3dArray, CountsTheValidPoints) {
@@ -125,14 +121,4 @@ TEST(ZyrVector3dArray, SetSizeGrowsByInvalidVectors) {
     EXPECT_EQ(array.Length(), 4);
     EXPECT_EQ(array.NumValidPoints(), 0);
     EXPECT_EQ(values(array), Values(12, kInvalid));
-}
-
-TEST(ZyrVector3dArray, ClearGivesTheMemoryBack) {
-    ZyrVector3dArray array;
-    array.SetSize(1000);
-    array.Clear();
-    array.SetSize(1);
-    const double* before = array.Data();
-    array.SetSize(2);  // needs a new block, unless capacity is left
-    EXPECT_NE(array.Data(), before);
 }

@@ -82,6 +82,19 @@ TEST(ZyrVector3dIsNormalized, IncludesBothEndsOfTheBand) {
     EXPECT_TRUE(ZyrVector3d(1, high, 0).IsNormalized());
 }
 
+TEST(ZyrVector3dIsNormalized, SumsTheSquaresFromXToZ) {
+    const ZyrVector3d above(0.36693832200626636, 0.3682035181830986, 0.88305290727159391);
+    const ZyrVector3d within(0.64738045749567297, 0.62389836258987375, 0.49157845397288086);
+    for (const ZyrVector3d& v : {above, within}) {
+        const double xx = v.x * v.x, yy = v.y * v.y, zz = v.z * v.z;
+        const bool isWithin = (xx + yy) + zz <= 1.05;
+        ASSERT_NE(isWithin, xx + (yy + zz) <= 1.05) << "or any other order would do";
+        ASSERT_NE(isWithin, (xx + zz) + yy <= 1.05) << "or any other order would do";
+    }
+    EXPECT_FALSE(above.IsNormalized());
+    EXPECT_TRUE(within.IsNormalized());
+}
+
 TEST(ZyrVector3dIsNormalized, SumsOverAllComponents) {
     EXPECT_TRUE(ZyrVector3d(0.6, -0.48, 0.64).IsNormalized());
     EXPECT_FALSE(ZyrVector3d(0.6, 0.6, 0.6).IsNormalized());

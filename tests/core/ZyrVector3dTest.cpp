@@ -272,11 +272,19 @@ TEST(ZyrVector3d, DotSumsTheProductsFromXToZ) {
 }
 
 TEST(ZyrVector3d, ProductsAreRoundedBeforeTheyAreSummed) {
-    const double a = 1 + std::ldexp(1.0, -30);  // a * a is 1 + 2^-29 + 2^-60
+    const volatile double a = 1 + std::ldexp(1.0, -30);  // a * a is 1 + 2^-29 + 2^-60
     EXPECT_EQ(ZyrVector3d(1, a, 0).Dot(ZyrVector3d(-1 - std::ldexp(1.0, -29), a, 0)), 0);
 }
 
 TEST(ZyrVector3d, CrossFollowsTheRightHand) {
     EXPECT_EQ(values(ZyrVector3d(1, 0, 0).Cross(ZyrVector3d(0, 1, 0))), (Values{0, 0, 1}));
     EXPECT_EQ(values(ZyrVector3d(2, 3, 5).Cross(ZyrVector3d(7, 11, 13))), (Values{-16, 9, 1}));
+}
+
+TEST(ZyrVector3d, CrossRoundsBothProductsBeforeItSubtracts) {
+    const volatile double tenth = 0.1;
+    ZyrVector3d v(tenth, tenth, tenth);
+    const ZyrVector3d same(tenth, tenth, tenth);
+    ASSERT_NE(std::fma(0.1, 0.1, -(0.1 * 0.1)), 0) << "or a fused multiply-add would do";
+    EXPECT_EQ(values(v.Cross(same)), (Values{0, 0, 0}));
 }

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
-"""Compares what the public headers declare with what the shared library exports.
+"""Compares what the public headers declare and what the shared library exports with a written list,
+so that the two can't drift from it together.
 
-usage: exported_names.py LIBRARY INCLUDE_DIR [compiler options]
+usage: exported_names.py LIBRARY LIST INCLUDE_DIR [compiler options]
 """
 import pathlib
 import subprocess
@@ -48,13 +49,24 @@ def exported(library):
     return {line.split()[-1].split("@")[0] for line in lines}
 
 
+def listed(path):
+    return [line for line in path.read_text().splitlines() if not line.startswith("#")]
+
+
 def main():
-    library, include_dir, options = sys.argv[1], pathlib.Path(sys.argv[2]), sys.argv[3:]
+    library, names, include_dir = sys.argv[1], pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3])
+    options = sys.argv[4:]
     umbrella = include_dir / "Zyr3DData.h"
     declared = demangled(set(declared_functions(parse(umbrella, options), include_dir)))
     present = demangled(exported(library))
-    faults = [f"declared, not exported: {name}" for name in sorted(declared - present)]
-    faults += [f"exported, not declared: {name}" for name in sorted(present - declared)]
+    written = listed(names)
+    promised = set(written)
+    faults = [f"listed, not declared: {name}" for name in sorted(promised - declared)]
+    faults += [f"declared, not listed: {name}" for name in sorted(declared - promised)]
+    faults += [f"listed, not exported: {name}" for name in sorted(promised - present)]
+    faults += [f"exported, not listed: {name}" for name in sorted(present - promised)]
+    if written != sorted(promised):
+        faults.append(f"{names.name} is not sorted, or names a function twice")
     faults += [f"not in {umbrella.name}: {header.name}" for header in include_dir.glob("*.h")
                if header != umbrella and f'"{header.name}"' not in umbrella.read_text()]
     print("\n".join(faults))

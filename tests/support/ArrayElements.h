@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <initializer_list>
 #include <type_traits>
 #include <utility>
@@ -13,6 +15,8 @@
 /// Elements for the suites that run over all three sharing arrays: 1, 2, 3 ... name distinct
 /// elements of any of them.
 namespace test {
+
+using Arrays = testing::Types<ZyrVector3dArray, Zyr3DDoubleArray, Zyr3DIntArray>;
 
 template <class Array>
 using ElementOf = std::decay_t<decltype(std::declval<const Array&>()[0])>;
@@ -43,6 +47,11 @@ inline std::vector<double> flat(const std::vector<ZyrVector3d>& vectors) {
 template <class Number>
 std::vector<Number> flat(const std::vector<Number>& numbers) {
     return numbers;
+}
+
+template <class Element>
+auto flatElement(const Element& element) {
+    return flat(std::vector<Element>{element});
 }
 
 /// What values() gives for an array of these elements.
