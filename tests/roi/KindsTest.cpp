@@ -135,14 +135,6 @@ TYPED_TEST(Kinds, OneKindReplacesAnotherCompletely) {
     }
 }
 
-TYPED_TEST(Kinds, EachRefusesArgumentsWithoutAnyRegionHeldBefore) {
-    for (const Kind& kind : this->kinds_) {
-        TypeParam block;
-        test::gen(block, kind.code, Doubles(kind.sample.size(), 3.4028234663852886e+38));
-        EXPECT_TRUE(test::isEmpty(block)) << kind.name;
-    }
-}
-
 TYPED_TEST(Kinds, ANewOneIsEmpty) {
     TypeParam block;
     EXPECT_TRUE(test::isEmpty(block));

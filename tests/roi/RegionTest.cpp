@@ -156,7 +156,7 @@ TYPED_TEST(Regions, ArgumentsStayAsTheyAre) {
     EXPECT_EQ(values(this->size_), (Doubles{4, 5, 6}));
 }
 
-// One's radius A has no say for a region, the other's has.
+// The twins differ here alone: radius A has no say when a region is read.
 TEST(Zyr3DROI, ReadsAnEllipseWithoutRadiusA) {
     Zyr3DROI roi;
     test::forge(roi, 11, {1, 2, 3, 10, 20, 30, 0, 1});
