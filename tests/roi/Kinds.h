@@ -160,8 +160,9 @@ inline std::vector<Doubles> variants(const Doubles& sample, const std::vector<Ru
 
 /// Bit for bit, so that a NaN is like itself.
 inline bool areSame(const Doubles& one, const Doubles& other) {
+    const std::size_t bytes = one.size() * sizeof(double);
     return one.size() == other.size() &&
-           std::memcmp(one.data(), other.data(), one.size() * sizeof(double)) == 0;
+           (one.empty() || std::memcmp(one.data(), other.data(), bytes) == 0);
 }
 
 }  // namespace test
