@@ -46,8 +46,8 @@ struct ParameterBlock {
 /// Gen3D... stores a region in place of the one before, and Get3D... reads it back. The doubles lie
 /// in the order of the arguments, x y z for a vector, exactly as given: nothing is normalised.
 /// Angles are in degrees. A block that holds no region has type 0 and no doubles: a new one, and
-/// any whose Gen3D... was given bad arguments, which also loses the region held before.
-/// ThirdROIType tells whether storing succeeded.
+/// any whose Gen3D... was given bad arguments, which also loses the region held before. (Only an
+/// empty shape's To3DROI leaves doubles at type 0.) ThirdROIType tells whether storing succeeded.
 ///
 /// Get3D... never changes the block. It returns false, with the outputs untouched, when the block
 /// holds another kind or too few doubles. Otherwise it fills all outputs and returns whether they
