@@ -2,6 +2,8 @@
 
 /// Everything that libZyr3DData offers.
 
+#include "IZyr3DROIPara.h"
+#include "IZyr3DShapePara.h"
 #include "LZF.h"
 #include "Zyr3DArc.h"
 #include "Zyr3DBox.h"
@@ -20,8 +22,10 @@
 #include "Zyr3DLineSegment.h"
 #include "Zyr3DLineSet.h"
 #include "Zyr3DPlane.h"
+#include "Zyr3DROI.h"
 #include "Zyr3DRect.h"
 #include "Zyr3DRegion.h"
+#include "Zyr3DShape.h"
 #include "Zyr3DSphere.h"
 #include "Zyr3DTorus.h"
 #include "Zyr3DTriangle.h"

@@ -9,8 +9,10 @@ using test::Sample;
 template <class Primitive>
 class Primitives : public testing::Test {};
 
-using AllPrimitives = testing::Types<Zyr3DArc, Zyr3DCircle, Zyr3DEllipse, Zyr3DRect, Zyr3DTriangle,
-                                     Zyr3DSphere, Zyr3DCylinder, Zyr3DTube, Zyr3DTorus>;
+using AllPrimitives =
+    testing::Types<Zyr3DLine, Zyr3DLineSegment, Zyr3DPlane, Zyr3DArc, Zyr3DCircle, Zyr3DEllipse,
+                   Zyr3DRect, Zyr3DTriangle, Zyr3DSphere, Zyr3DCylinder, Zyr3DTube, Zyr3DTorus,
+                   Zyr3DBox, Zyr3DEllipsoid>;
 TYPED_TEST_SUITE(Primitives, AllPrimitives);
 
 TYPED_TEST(Primitives, DefaultIsInvalid) {

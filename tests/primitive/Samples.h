@@ -99,4 +99,20 @@ struct Sample<Zyr3DTorus> {
     }
 };
 
+template <>
+struct Sample<Zyr3DBox> {
+    static Zyr3DBox good() { return Zyr3DBox(kSomewhere, kTurned, ZyrVector3d(4, 5, 6)); }
+    static Zyr3DBox bad() { return Zyr3DBox(kSomewhere, kTurned, ZyrVector3d(4, 0, 6)); }
+};
+
+template <>
+struct Sample<Zyr3DEllipsoid> {
+    static Zyr3DEllipsoid good() {
+        return Zyr3DEllipsoid(kSomewhere, kTurned, ZyrVector3d(4, 5, 6));
+    }
+    static Zyr3DEllipsoid bad() {
+        return Zyr3DEllipsoid(kSomewhere, kTurned, ZyrVector3d(4, 0, 6));
+    }
+};
+
 }  // namespace test
