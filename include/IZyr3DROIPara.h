@@ -8,35 +8,35 @@
 #include "ZyrVector3d.h"
 #include "ZyrVector3dArray.h"
 
-/// The kinds of regions and shapes. The codes stay: callers store them.
-enum Zyr3DKind : int {
-    Zyr3DKindNone = 0,
-    Zyr3DKindPoint = 1,
-    Zyr3DKindLine = 2,
-    Zyr3DKindLineSegment = 3,
-    Zyr3DKindCircle = 4,
-    Zyr3DKindPlane = 5,
-    Zyr3DKindBox = 6,
-    Zyr3DKindSphere = 7,
-    Zyr3DKindCylinder = 8,
-    Zyr3DKindTriangle = 9,
-    Zyr3DKindPolygon = 10,
-    Zyr3DKindEllipse = 11,
-    Zyr3DKindEllipsoid = 12,
-    Zyr3DKindRect = 13,
-    Zyr3DKindTorus = 14,
-    Zyr3DKindTube = 15,
-    Zyr3DKindArc = 16,
-    Zyr3DKindIrregular = 17,  // of a region
-    Zyr3DKindAnyShape = 17,   // of a shape
-};
-
 namespace zyr {
+
+/// The kinds of regions and shapes. The codes stay: callers store them.
+enum Kind : int {
+    KindNone = 0,
+    KindPoint = 1,
+    KindLine = 2,
+    KindLineSegment = 3,
+    KindCircle = 4,
+    KindPlane = 5,
+    KindBox = 6,
+    KindSphere = 7,
+    KindCylinder = 8,
+    KindTriangle = 9,
+    KindPolygon = 10,
+    KindEllipse = 11,
+    KindEllipsoid = 12,
+    KindRect = 13,
+    KindTorus = 14,
+    KindTube = 15,
+    KindArc = 16,
+    KindIrregular = 17,  // of a region
+    KindAnyShape = 17,   // of a shape
+};
 
 /// What a region or a shape is made of: its doubles and the code of its kind.
 struct ParameterBlock {
     std::vector<double> parameters;
-    int type = Zyr3DKindNone;
+    int type = KindNone;
 };
 
 }  // namespace zyr
@@ -148,7 +148,7 @@ public:
     /// neither of them negative, ask for.
     bool Get3DIrregular(Zyr3DLineSet* lines);
 
-    /// A Zyr3DKind: 0 when the block holds no region.
+    /// The code of its kind, as listed above: 0 when the block holds no region.
     int ThirdROIType() const;
 
 private:

@@ -72,7 +72,7 @@ public:
     void Gen3DAnyShape(Zyr3DLineSet& lines);
     bool Get3DAnyShape(Zyr3DLineSet* lines);
 
-    /// A Zyr3DKind: 0 when the block holds no shape.
+    /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when the block holds no shape.
     int ThirdShapeType() const;
 
     /// Takes over the region's kind and doubles as they are; nothing is checked. A region of type 0

@@ -73,8 +73,10 @@ public:
     /// origin and all indices 0. FACES may be missing, for a file without triangles, and so may
     /// FIELDS, SIZE and COUNT.
     ///
-    /// False when the file has no vertices, and for what LoadPointCloud says; the same header
-    /// faults stop the process, and a body that is cut short is no failure here either.
+    /// False when the file has no vertices (the lists are sized by then), and for what
+    /// LoadPointCloud says but for WIDTH and HEIGHT, which have no say; also when indices are not
+    /// 32-bit, faces are more than 715827882, or one field would belong to two groups; the same
+    /// header faults stop the process, and a body that is cut short is no failure here either.
     static bool LoadTriangleMesh(ZyrVector3dArray& vertices, ZyrVector3dArray& vertexNormals,
                                  cv::Mat& vertexColors, Zyr3DIntArray& triangles,
                                  ZyrVector3dArray& triangleNormals, cv::Mat& triangleColors,

@@ -75,7 +75,7 @@ public:
     void Gen3DIrregular(Zyr3DLineSet& lines);
     bool Get3DIrregular(Zyr3DLineSet* lines);
 
-    /// A Zyr3DKind: 0 when there is no region.
+    /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when there is no region.
     int ROIType3D() const;
 
 private:

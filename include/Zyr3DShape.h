@@ -75,7 +75,7 @@ public:
     void Gen3DAnyShape(Zyr3DLineSet& lines);
     bool Get3DAnyShape(Zyr3DLineSet* lines);
 
-    /// A Zyr3DKind: 0 when there is no shape.
+    /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when there is no shape.
     int ShapeType3D() const;
 
     /// Takes over a region's description, and gives the shape's to a region: without loss, and

@@ -96,8 +96,9 @@ public:
     /// IsValidColor() is false.
     ZyrColor GetColor(int row, int column) const;
 
-    /// Replaces the image by a file's, as Zyr3DFileIO::LoadRangeImage reads it. The suffix must be
-    /// "zrt", in any letter case.
+    /// Replaces the image by a file's, as Zyr3DFileIO::LoadRangeImage reads it: what it says of a
+    /// failure, and of the file that stays open on success, goes here too. The suffix must be
+    /// "zrt", in any letter case; another one, or a null path, changes nothing.
     bool Load(const char* path, bool withColors);
     bool Load(const wchar_t* path, bool withColors);
     /// Writes a file, as Zyr3DFileIO::SaveRangeImage does. The suffix must be "zrt", in any letter
@@ -108,13 +109,14 @@ public:
     /// Replaces the values by those of an image file, turned to one channel of the stored depth.
     /// The suffix must be PNG, JPG, JPEG, BMP, TIF or TIFF, in any letter case. The calibration is
     /// set even when that fails: Z as given, X and Y to resolution 1 and offset 0. Colours and
-    /// value range stay.
+    /// value range stay, and so do the values when it fails.
     bool Load(const wchar_t* path, double resolutionZ, double offsetZ);
     bool Load(const char* path, double resolutionZ, double offsetZ);
     /// Writes the values alone to an image file of such a suffix. Floats and doubles become 16-bit,
-    /// value / ResolutionZ() rounded and clipped to 0..65535, without the offset. Integers are
-    /// given to the image codec as they are; only TIFF keeps all types, PNG 8- and 16-bit unsigned
-    /// ones, JPEG and BMP 8-bit ones, and what a codec can't keep it clips.
+    /// value / ResolutionZ() without the offset, by OpenCV's saturating conversion: rounded, halves
+    /// to even, and clipped to 0..65535, but 0 for NaN and for what lies beyond 2^31. Integers are
+    /// given to the image codec as they are, which clips what it can't keep: TIFF keeps all types,
+    /// PNG 8- and 16-bit unsigned ones, BMP 8-bit ones; JPEG is 8-bit and lossy.
     bool Save(const wchar_t* path);
     bool Save(const char* path);
 

@@ -16,7 +16,7 @@ public:
     ZyrRangeImageArray& operator=(const ZyrRangeImageArray& other);
     ~ZyrRangeImageArray();
 
-    int Length() const;
+    int Length();
 
     void Append(const ZyrRangeImage& image);
     /// Appending a list to itself doubles it.

@@ -9,6 +9,7 @@
 
 #include "Zyr3DFileIO.h"
 #include "Zyr3DInner.h"
+#include "core/NarrowPath.h"
 
 namespace {
 
@@ -50,10 +51,6 @@ bool isPointCloudPath(const char* path) {
     if (path == nullptr) return false;
     const std::string suffix = Zyr3DInner::getSuffix(path);
     return suffix == "zpt" || suffix == "ZPT";
-}
-
-std::unique_ptr<char[]> narrow(const wchar_t* path) {
-    return std::unique_ptr<char[]>(Zyr3DInner::wchar2char(path));
 }
 
 }  // namespace
@@ -175,7 +172,7 @@ bool ZyrPointCloud::Load(const char* path, bool withNormals, bool withColors) {
 }
 
 bool ZyrPointCloud::Load(const wchar_t* path, bool withNormals, bool withColors) {
-    return Load(narrow(path).get(), withNormals, withColors);
+    return Load(zyr::narrowPath(path).get(), withNormals, withColors);
 }
 
 bool ZyrPointCloud::Save(const char* path, bool withNormals, bool withColors) {
@@ -184,5 +181,5 @@ bool ZyrPointCloud::Save(const char* path, bool withNormals, bool withColors) {
 }
 
 bool ZyrPointCloud::Save(const wchar_t* path, bool withNormals, bool withColors) {
-    return Save(narrow(path).get(), withNormals, withColors);
+    return Save(zyr::narrowPath(path).get(), withNormals, withColors);
 }

@@ -1,5 +1,6 @@
 #include "ZyrRangeImage.h"
 
+#include <climits>
 #include <cstdint>
 #include <cstring>
 
@@ -9,7 +10,13 @@
 namespace {
 
 cv::Mat view(void* data, int width, int height, int rowStep, int type) {
+    // The matrix itself lets these pass when it is given memory.
+    CV_Assert(width >= 0 && height >= 0 && rowStep >= 0);
     return cv::Mat(height, width, type, data, static_cast<std::size_t>(rowStep));
+}
+
+std::int64_t countOf(const ZyrColorArray& colors) {
+    return static_cast<std::int64_t>(colors.Width()) * colors.Height();
 }
 
 /// An element of a buffer that need not be aligned.
@@ -122,9 +129,9 @@ void ZyrRangeImage::SetInfo(double resolutionZ, double offsetZ, double resolutio
 bool ZyrRangeImage::SetValue(void* data, int type, double minValue, double maxValue, int rowStart,
                              int rowEnd) {
     if (type != DataType() || rowStart < 0 || rowStart > rowEnd || rowEnd >= Height()) return false;
-    const cv::Mat rows = view(data, Width(), rowEnd - rowStart + 1, 0, type);
     if (minValue > 0 && minValue < block_->minValue) block_->minValue = minValue;
     if (maxValue > 0 && maxValue > block_->maxValue) block_->maxValue = maxValue;
+    const cv::Mat rows = view(data, Width(), rowEnd - rowStart + 1, 0, type);
     copyRows(rows, block_->values.rowRange(rowStart, rowEnd + 1));
     return true;
 }
@@ -187,7 +194,7 @@ double ZyrRangeImage::OffsetZ() const {
 }
 
 bool ZyrRangeImage::IsValidColor() const {
-    const int colors = block_->colors.Length();
+    const std::int64_t colors = countOf(block_->colors);
     return colors >= 1 && colors == static_cast<std::int64_t>(Width()) * Height();
 }
 
@@ -218,5 +225,7 @@ ZyrColor ZyrRangeImage::GetColor(int row, int column) const {
     const ZyrColorArray& colors = block_->colors;
     if (!isIn(row, colors.Height()) || !isIn(column, colors.Width()) || !IsValidColor())
         return ZyrColor();
-    return colors[row * colors.Width() + column];
+    // An index beyond 32 bits is out of the colours' reach.
+    const std::int64_t index = static_cast<std::int64_t>(row) * colors.Width() + column;
+    return index > INT_MAX ? ZyrColor() : colors[static_cast<int>(index)];
 }

@@ -33,7 +33,7 @@ ZyrRangeImageArray::~ZyrRangeImageArray() {
     delete images_;
 }
 
-int ZyrRangeImageArray::Length() const {
+int ZyrRangeImageArray::Length() {
     return static_cast<int>(images_->size());
 }
 

@@ -8,6 +8,7 @@
 #include "Zyr3DFileIO.h"
 #include "Zyr3DInner.h"
 #include "ZyrRangeImage.h"
+#include "core/NarrowPath.h"
 #include "rangeimage/ImageCodec.h"
 #include "rangeimage/RangeImageBlock.h"
 
@@ -32,10 +33,6 @@ bool isImagePath(const wchar_t* path) {
     const std::wstring suffix = Zyr3DInner::getSuffix(path);
     return std::any_of(kSuffixes.begin(), kSuffixes.end(),
                        [&](const char* capitals) { return isSuffix(suffix, capitals); });
-}
-
-std::unique_ptr<char[]> narrow(const wchar_t* path) {
-    return std::unique_ptr<char[]>(Zyr3DInner::wchar2char(path));
 }
 
 std::unique_ptr<wchar_t[]> widen(const char* path) {
@@ -87,7 +84,7 @@ bool ZyrRangeImage::Load(const char* path, bool withColors) {
 }
 
 bool ZyrRangeImage::Load(const wchar_t* path, bool withColors) {
-    return Load(narrow(path).get(), withColors);
+    return Load(zyr::narrowPath(path).get(), withColors);
 }
 
 bool ZyrRangeImage::Save(const char* path, bool withColors) {
@@ -100,7 +97,7 @@ bool ZyrRangeImage::Save(const char* path, bool withColors) {
 }
 
 bool ZyrRangeImage::Save(const wchar_t* path, bool withColors) {
-    return Save(narrow(path).get(), withColors);
+    return Save(zyr::narrowPath(path).get(), withColors);
 }
 
 bool ZyrRangeImage::Load(const wchar_t* path, double resolutionZ, double offsetZ) {

@@ -57,73 +57,73 @@ IZyr3DROIPara::IZyr3DROIPara() = default;
 IZyr3DROIPara::~IZyr3DROIPara() = default;
 
 void IZyr3DROIPara::Gen3DPoint(ZyrVector3d& point) {
-    zyr::store(block_, Zyr3DKindPoint, point.IsValid(), point);
+    zyr::store(block_, zyr::KindPoint, point.IsValid(), point);
 }
 
 bool IZyr3DROIPara::Get3DPoint(ZyrVector3d* point) {
-    return zyr::load(block_, Zyr3DKindPoint, point) && point->IsValid();
+    return zyr::load(block_, zyr::KindPoint, point) && point->IsValid();
 }
 
 void IZyr3DROIPara::Gen3DLine(ZyrVector3d& point, ZyrVector3d& direction) {
     const bool valid = point.IsValid() && isDirection(direction);
-    zyr::store(block_, Zyr3DKindLine, valid, point, direction);
+    zyr::store(block_, zyr::KindLine, valid, point, direction);
 }
 
 bool IZyr3DROIPara::Get3DLine(ZyrVector3d* point, ZyrVector3d* direction) {
-    return zyr::load(block_, Zyr3DKindLine, point, direction) && point->IsValid() &&
+    return zyr::load(block_, zyr::KindLine, point, direction) && point->IsValid() &&
            isDirection(*direction);
 }
 
 void IZyr3DROIPara::Gen3DLineSegment(ZyrVector3d& p1, ZyrVector3d& p2) {
     const bool valid = p1.IsValid() && p2.IsValid();
-    zyr::store(block_, Zyr3DKindLineSegment, valid, p1, p2);
+    zyr::store(block_, zyr::KindLineSegment, valid, p1, p2);
 }
 
 bool IZyr3DROIPara::Get3DLineSegment(ZyrVector3d* p1, ZyrVector3d* p2) {
-    return zyr::load(block_, Zyr3DKindLineSegment, p1, p2) && p1->IsValid() && p2->IsValid();
+    return zyr::load(block_, zyr::KindLineSegment, p1, p2) && p1->IsValid() && p2->IsValid();
 }
 
 void IZyr3DROIPara::Gen3DCircle(ZyrVector3d& center, ZyrVector3d& normal, double radius) {
     const bool valid = center.IsValid() && isDirection(normal) && radius > 0;
-    zyr::store(block_, Zyr3DKindCircle, valid, center, normal, radius);
+    zyr::store(block_, zyr::KindCircle, valid, center, normal, radius);
 }
 
 bool IZyr3DROIPara::Get3DCircle(ZyrVector3d* center, ZyrVector3d* normal, double* radius) {
-    return zyr::load(block_, Zyr3DKindCircle, center, normal, radius) && center->IsValid() &&
+    return zyr::load(block_, zyr::KindCircle, center, normal, radius) && center->IsValid() &&
            isDirection(*normal);
 }
 
 void IZyr3DROIPara::Gen3DPlane(ZyrVector3d& point, ZyrVector3d& normal) {
     const bool valid = point.IsValid() && isDirection(normal);
-    zyr::store(block_, Zyr3DKindPlane, valid, point, normal);
+    zyr::store(block_, zyr::KindPlane, valid, point, normal);
 }
 
 bool IZyr3DROIPara::Get3DPlane(ZyrVector3d* point, ZyrVector3d* normal) {
-    return zyr::load(block_, Zyr3DKindPlane, point, normal) && point->IsValid() &&
+    return zyr::load(block_, zyr::KindPlane, point, normal) && point->IsValid() &&
            isDirection(*normal);
 }
 
 void IZyr3DROIPara::Gen3DEllipse(ZyrVector3d& center, ZyrVector3d& angle, double radiusA,
                                  double radiusB) {
     const bool valid = center.IsValid() && angle.IsValid() && radiusA > 0 && radiusB > 0;
-    zyr::store(block_, Zyr3DKindEllipse, valid, center, angle, radiusA, radiusB);
+    zyr::store(block_, zyr::KindEllipse, valid, center, angle, radiusA, radiusB);
 }
 
 bool IZyr3DROIPara::Get3DEllipse(ZyrVector3d* center, ZyrVector3d* angle, double* radiusA,
                                  double* radiusB) {
-    return zyr::load(block_, Zyr3DKindEllipse, center, angle, radiusA, radiusB) &&
+    return zyr::load(block_, zyr::KindEllipse, center, angle, radiusA, radiusB) &&
            center->IsValid() && angle->IsValid() && *radiusB > 0;
 }
 
 void IZyr3DROIPara::Gen3DRect(ZyrVector3d& center, ZyrVector3d& angle, double width,
                               double height) {
     const bool valid = center.IsValid() && angle.IsValid() && width > 0 && height > 0;
-    zyr::store(block_, Zyr3DKindRect, valid, center, angle, width, height);
+    zyr::store(block_, zyr::KindRect, valid, center, angle, width, height);
 }
 
 bool IZyr3DROIPara::Get3DRect(ZyrVector3d* center, ZyrVector3d* angle, double* width,
                               double* height) {
-    return zyr::load(block_, Zyr3DKindRect, center, angle, width, height) && center->IsValid() &&
+    return zyr::load(block_, zyr::KindRect, center, angle, width, height) && center->IsValid() &&
            angle->IsValid() && *width > 0 && *height > 0;
 }
 
@@ -132,14 +132,14 @@ void IZyr3DROIPara::Gen3DTorus(ZyrVector3d& center, ZyrVector3d& angle, double r
                                Zyr3DTorusType type) {
     const bool valid = center.IsValid() && angle.IsValid() && areRadii(radiusInner, radiusOuter) &&
                        spanAngle >= 0 && isType(type);
-    zyr::store(block_, Zyr3DKindTorus, valid, center, angle, radiusInner, radiusOuter, startAngle,
+    zyr::store(block_, zyr::KindTorus, valid, center, angle, radiusInner, radiusOuter, startAngle,
                spanAngle, type);
 }
 
 bool IZyr3DROIPara::Get3DTorus(ZyrVector3d* center, ZyrVector3d* angle, double* radiusInner,
                                double* radiusOuter, double* startAngle, double* spanAngle,
                                Zyr3DTorusType* type) {
-    return zyr::load(block_, Zyr3DKindTorus, center, angle, radiusInner, radiusOuter, startAngle,
+    return zyr::load(block_, zyr::KindTorus, center, angle, radiusInner, radiusOuter, startAngle,
                      spanAngle, type) &&
            center->IsValid() && angle->IsValid() && areRadii(*radiusInner, *radiusOuter) &&
            isStart(*startAngle) && isType(*type);
@@ -148,53 +148,53 @@ bool IZyr3DROIPara::Get3DTorus(ZyrVector3d* center, ZyrVector3d* angle, double* 
 void IZyr3DROIPara::Gen3DArc(ZyrVector3d& center, ZyrVector3d& angle, double radius,
                              double startAngle, double spanAngle) {
     const bool valid = center.IsValid() && angle.IsValid() && radius > 0 && spanAngle >= 0;
-    zyr::store(block_, Zyr3DKindArc, valid, center, angle, radius, startAngle, spanAngle);
+    zyr::store(block_, zyr::KindArc, valid, center, angle, radius, startAngle, spanAngle);
 }
 
 bool IZyr3DROIPara::Get3DArc(ZyrVector3d* center, ZyrVector3d* angle, double* radius,
                              double* startAngle, double* spanAngle) {
-    return zyr::load(block_, Zyr3DKindArc, center, angle, radius, startAngle, spanAngle) &&
+    return zyr::load(block_, zyr::KindArc, center, angle, radius, startAngle, spanAngle) &&
            center->IsValid() && angle->IsValid() && *radius > 0 && isStart(*startAngle) &&
            *spanAngle >= 0;
 }
 
 void IZyr3DROIPara::Gen3DBox(ZyrVector3d& center, ZyrVector3d& angle, ZyrVector3d& size) {
     const bool valid = center.IsValid() && angle.IsValid() && isExtent(size);
-    zyr::store(block_, Zyr3DKindBox, valid, center, angle, size);
+    zyr::store(block_, zyr::KindBox, valid, center, angle, size);
 }
 
 bool IZyr3DROIPara::Get3DBox(ZyrVector3d* center, ZyrVector3d* angle, ZyrVector3d* size) {
-    return zyr::load(block_, Zyr3DKindBox, center, angle, size) && center->IsValid() &&
+    return zyr::load(block_, zyr::KindBox, center, angle, size) && center->IsValid() &&
            angle->IsValid() && size->IsValid();
 }
 
 void IZyr3DROIPara::Gen3DSphere(ZyrVector3d& center, double radius) {
-    zyr::store(block_, Zyr3DKindSphere, center.IsValid() && radius > 0, center, radius);
+    zyr::store(block_, zyr::KindSphere, center.IsValid() && radius > 0, center, radius);
 }
 
 bool IZyr3DROIPara::Get3DSphere(ZyrVector3d* center, double* radius) {
-    return zyr::load(block_, Zyr3DKindSphere, center, radius) && center->IsValid();
+    return zyr::load(block_, zyr::KindSphere, center, radius) && center->IsValid();
 }
 
 void IZyr3DROIPara::Gen3DCylinder(ZyrVector3d& center, ZyrVector3d& direction, double radius,
                                   double height) {
     const bool valid = center.IsValid() && isDirection(direction) && radius > 0 && height > 0;
-    zyr::store(block_, Zyr3DKindCylinder, valid, center, direction, radius, height);
+    zyr::store(block_, zyr::KindCylinder, valid, center, direction, radius, height);
 }
 
 bool IZyr3DROIPara::Get3DCylinder(ZyrVector3d* center, ZyrVector3d* direction, double* radius,
                                   double* height) {
-    return zyr::load(block_, Zyr3DKindCylinder, center, direction, radius, height) &&
+    return zyr::load(block_, zyr::KindCylinder, center, direction, radius, height) &&
            center->IsValid() && isDirection(*direction);
 }
 
 void IZyr3DROIPara::Gen3DEllipsoid(ZyrVector3d& center, ZyrVector3d& angle, ZyrVector3d& size) {
     const bool valid = center.IsValid() && angle.IsValid() && isExtent(size);
-    zyr::store(block_, Zyr3DKindEllipsoid, valid, center, angle, size);
+    zyr::store(block_, zyr::KindEllipsoid, valid, center, angle, size);
 }
 
 bool IZyr3DROIPara::Get3DEllipsoid(ZyrVector3d* center, ZyrVector3d* angle, ZyrVector3d* size) {
-    return zyr::load(block_, Zyr3DKindEllipsoid, center, angle, size) && center->IsValid() &&
+    return zyr::load(block_, zyr::KindEllipsoid, center, angle, size) && center->IsValid() &&
            angle->IsValid() && isExtent(*size);
 }
 
@@ -202,22 +202,22 @@ void IZyr3DROIPara::Gen3DTube(ZyrVector3d& center, ZyrVector3d& direction, doubl
                               double outerRadius, double height) {
     const bool valid = center.IsValid() && isDirection(direction) &&
                        areRadii(innerRadius, outerRadius) && height > 0;
-    zyr::store(block_, Zyr3DKindTube, valid, center, direction, innerRadius, outerRadius, height);
+    zyr::store(block_, zyr::KindTube, valid, center, direction, innerRadius, outerRadius, height);
 }
 
 bool IZyr3DROIPara::Get3DTube(ZyrVector3d* center, ZyrVector3d* direction, double* innerRadius,
                               double* outerRadius, double* height) {
-    return zyr::load(block_, Zyr3DKindTube, center, direction, innerRadius, outerRadius, height) &&
+    return zyr::load(block_, zyr::KindTube, center, direction, innerRadius, outerRadius, height) &&
            center->IsValid() && direction->IsValid() && areRadii(*innerRadius, *outerRadius) &&
            *height >= 0;
 }
 
 void IZyr3DROIPara::Gen3DTriangle(ZyrVector3d& a, ZyrVector3d& b, ZyrVector3d& c) {
-    zyr::store(block_, Zyr3DKindTriangle, Zyr3DTriangle(a, b, c).IsValid(), a, b, c);
+    zyr::store(block_, zyr::KindTriangle, Zyr3DTriangle(a, b, c).IsValid(), a, b, c);
 }
 
 bool IZyr3DROIPara::Get3DTriangle(ZyrVector3d* a, ZyrVector3d* b, ZyrVector3d* c) {
-    return zyr::load(block_, Zyr3DKindTriangle, a, b, c) && a->IsValid() && b->IsValid() &&
+    return zyr::load(block_, zyr::KindTriangle, a, b, c) && a->IsValid() && b->IsValid() &&
            c->IsValid();
 }
 
@@ -226,13 +226,13 @@ void IZyr3DROIPara::Gen3DPolygon(ZyrVector3dArray& vertices) {
     zyr::reset(block_);
     if (count < 3 || vertices.NumValidPoints() != count) return;
     block_.parameters.assign(vertices.Data(), vertices.Data() + 3 * std::ptrdiff_t{count});
-    block_.type = Zyr3DKindPolygon;
+    block_.type = zyr::KindPolygon;
 }
 
 bool IZyr3DROIPara::Get3DPolygon(ZyrVector3dArray* vertices) {
     vertices->Clear();
     const std::vector<double>& list = block_.parameters;
-    if (block_.type != Zyr3DKindPolygon || list.size() % 3 != 0) return false;
+    if (block_.type != zyr::KindPolygon || list.size() % 3 != 0) return false;
     appendVertices(*vertices, list.data(), list.data() + list.size());
     return true;
 }
@@ -240,7 +240,7 @@ bool IZyr3DROIPara::Get3DPolygon(ZyrVector3dArray* vertices) {
 void IZyr3DROIPara::Gen3DIrregular(Zyr3DLineSet& lines) {
     const int vertices = lines.NumVertex(), indices = 2 * lines.NumLine();
     const bool valid = lines.NumLine() >= 1;
-    zyr::store(block_, Zyr3DKindIrregular, valid, vertices, indices);
+    zyr::store(block_, zyr::KindIrregular, valid, vertices, indices);
     if (!valid) return;
     std::vector<double>& list = block_.parameters;
     const double* vertex = lines.VertexData();
@@ -252,7 +252,7 @@ bool IZyr3DROIPara::Get3DIrregular(Zyr3DLineSet* lines) {
     lines->Clear();
     const std::vector<double>& list = block_.parameters;
     const Counts counts = irregularCounts(list);
-    if (block_.type != Zyr3DKindIrregular || counts.vertices < 0) return false;
+    if (block_.type != zyr::KindIrregular || counts.vertices < 0) return false;
     const double* index = list.data() + 2 + 3 * counts.vertices;
     ZyrVector3dArray vertices;
     appendVertices(vertices, list.data() + 2, index);

@@ -4,9 +4,9 @@ namespace {
 
 /// A block without a known kind leaves the other's doubles alone.
 void convert(const zyr::ParameterBlock& from, zyr::ParameterBlock& to) {
-    const bool known = from.type >= Zyr3DKindPoint && from.type <= Zyr3DKindIrregular;
+    const bool known = from.type >= zyr::KindPoint && from.type <= zyr::KindIrregular;
     if (known) to.parameters = from.parameters;
-    to.type = known ? from.type : int{Zyr3DKindNone};
+    to.type = known ? from.type : int{zyr::KindNone};
 }
 
 }  // namespace

@@ -44,13 +44,13 @@ inline void take(const double*& next, Zyr3DTorusType* out) {
 
 /// Forgets the region held before, and gives its memory back.
 inline void reset(ParameterBlock& block) {
-    block.type = Zyr3DKindNone;
+    block.type = zyr::KindNone;
     release(block.parameters);
 }
 
 /// Stores the values as a region of the kind; none when they are not valid.
 template <class... Values>
-void store(ParameterBlock& block, Zyr3DKind kind, bool valid, const Values&... values) {
+void store(ParameterBlock& block, zyr::Kind kind, bool valid, const Values&... values) {
     reset(block);
     if (!valid) return;
     (put(block.parameters, values), ...);
@@ -60,7 +60,7 @@ void store(ParameterBlock& block, Zyr3DKind kind, bool valid, const Values&... v
 /// Fills the outputs when the block holds the kind and doubles enough; what is left over is
 /// ignored.
 template <class... Outputs>
-bool load(const ParameterBlock& block, Zyr3DKind kind, Outputs*... outputs) {
+bool load(const ParameterBlock& block, zyr::Kind kind, Outputs*... outputs) {
     if (block.type != kind || block.parameters.size() < (doublesOf(outputs) + ...)) return false;
     const double* next = block.parameters.data();
     (take(next, outputs), ...);

@@ -18,7 +18,7 @@ std::unique_ptr<ZyrRangeImage> newPixel(unsigned char value) {
                                            7);
 }
 
-std::vector<double> pixels(const ZyrRangeImageArray& images) {
+std::vector<double> pixels(ZyrRangeImageArray images) {
     std::vector<double> result;
     for (int i = 0; i < images.Length(); ++i) result.push_back(images[i].GetValue(0, 0));
     return result;
@@ -35,7 +35,7 @@ void setMaximum(const ZyrRangeImageArray& images, std::size_t i, double maximum)
     ASSERT_TRUE(image.SetValue(image.Data(), 0, 0, maximum, 0, 0));
 }
 
-std::vector<double> maxima(const ZyrRangeImageArray& images) {
+std::vector<double> maxima(ZyrRangeImageArray& images) {
     std::vector<double> result;
     for (int i = 0; i < images.Length(); ++i)
         result.push_back(elementOf(images, static_cast<std::size_t>(i)).MaxValue());
@@ -113,7 +113,7 @@ TEST_F(ZyrRangeImageArrayTest, CopyIsAListOfItsOwnWithSharedPixels) {
 
 TEST_F(ZyrRangeImageArrayTest, CopysElementsHaveNoValueRange) {
     setMaxima();
-    const ZyrRangeImageArray copy(images_);
+    ZyrRangeImageArray copy(images_);
     EXPECT_EQ(maxima(copy), (Numbers{0, 0, 0}));
     EXPECT_EQ(maxima(images_), (Numbers{1, 2, 3}));
 }

@@ -157,9 +157,21 @@ TEST_F(ZyrRangeImageFill, SetValueOnRowsWithoutColumnsIsTrue) {
     EXPECT_TRUE(set({9}, 0, 0, 0, 0, 4));
 }
 
-TEST_F(ZyrRangeImageFill, SetValuePassesOpenCVsErrorOnNullAndChangesNothing) {
+TEST_F(ZyrRangeImageFill, SetValuePassesOpenCVsErrorOnNullOnceTheRangeIsWidened) {
     EXPECT_THROW(image_.SetValue(nullptr, 0, 5, 99, 0, 2), cv::Exception);
-    EXPECT_EQ(valueRange(image_), (Numbers{10, 20}));
+    EXPECT_EQ(valueRange(image_), (Numbers{5, 99}));
+}
+
+TEST_F(ZyrRangeImageFill, ViewOfANegativeSizeOrStepIsOpenCVsErrorAndChangesNothing) {
+    unsigned char data[8] = {};
+    const auto view = [&](int width, int height, int step) {
+        image_.CreateRangeImage(data, width, height, step, 0, 0, 0, 1, 0, 1, 0, 1, 0);
+    };
+    const int width = image_.Width();
+    EXPECT_THROW(view(-1, 2, 0), cv::Exception);
+    EXPECT_THROW(view(2, -1, 0), cv::Exception);
+    EXPECT_THROW(view(2, 2, -4), cv::Exception);
+    EXPECT_EQ(image_.Width(), width);
 }
 
 TEST_F(ZyrRangeImageFill, SetValueWidensTheValueRange) {

@@ -180,13 +180,13 @@ TEST(Zyr3DShape, OfAnotherKindLeavesTheRadiiOfAnEllipseUnread) {
 }
 
 // The codes are stored by callers.
-TEST(Zyr3DKind, CodesStay) {
-    const std::vector<int> codes{Zyr3DKindNone,        Zyr3DKindPoint,   Zyr3DKindLine,
-                                 Zyr3DKindLineSegment, Zyr3DKindCircle,  Zyr3DKindPlane,
-                                 Zyr3DKindBox,         Zyr3DKindSphere,  Zyr3DKindCylinder,
-                                 Zyr3DKindTriangle,    Zyr3DKindPolygon, Zyr3DKindEllipse,
-                                 Zyr3DKindEllipsoid,   Zyr3DKindRect,    Zyr3DKindTorus,
-                                 Zyr3DKindTube,        Zyr3DKindArc,     Zyr3DKindIrregular};
+TEST(IZyr3DROIPara, KindCodesStay) {
+    const std::vector<int> codes{zyr::KindNone,        zyr::KindPoint,   zyr::KindLine,
+                                 zyr::KindLineSegment, zyr::KindCircle,  zyr::KindPlane,
+                                 zyr::KindBox,         zyr::KindSphere,  zyr::KindCylinder,
+                                 zyr::KindTriangle,    zyr::KindPolygon, zyr::KindEllipse,
+                                 zyr::KindEllipsoid,   zyr::KindRect,    zyr::KindTorus,
+                                 zyr::KindTube,        zyr::KindArc,     zyr::KindIrregular};
     for (int i = 0; i < 18; ++i) EXPECT_EQ(codes[static_cast<std::size_t>(i)], i);
-    EXPECT_EQ(Zyr3DKindAnyShape, Zyr3DKindIrregular);
+    EXPECT_EQ(zyr::KindAnyShape, zyr::KindIrregular);
 }
