@@ -101,11 +101,13 @@ TEST_F(MeshDemo, DefaultFrameHasAMesh) {
     EXPECT_TRUE(mesh().IsValidVertexColor());
 }
 
-TEST_F(MeshDemo, PointsWithoutAGridSkipTheMeshAndSaySo) {
+TEST_F(MeshDemo, PointsWithoutAGridSkipMeshAndRangeImageAndSaySo) {
     const test::Result result = runOn(wall().row(0));
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_NE(result.out.find("\nSkipped: the mesh"), std::string::npos);
+    EXPECT_NE(result.out.find("\nSkipped: mesh and range image"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(path("d/demo.ztmt")));
+    EXPECT_FALSE(std::filesystem::exists(path("d/demo.zrt")));
+    EXPECT_FALSE(std::filesystem::exists(path("d/demo_range.png")));
 }
 
 TEST_F(MeshDemo, FileThatCannotBeWrittenIsFileTrouble) {

@@ -10,17 +10,20 @@
 #include "CloudFrame.h"
 #include "DepthImage.h"
 #include "Grid.h"
+#include "HeightImage.h"
 #include "ImageFile.h"
 #include "Mesh.h"
 #include "Outcome.h"
 #include "Outliers.h"
 #include "Picture.h"
+#include "QuietCodecs.h"
 #include "Report.h"
 #include "RoundTrip.h"
 #include "SensorFrame.h"
 #include "Table.h"
 #include "View.h"
 #include "ZyrPointCloud.h"
+#include "ZyrRangeImage.h"
 
 namespace zyr {
 namespace {
@@ -80,17 +83,19 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& p
 
 /// The files that a run writes.
 struct Output {
-    std::string cloud, picture, mesh;
+    std::string cloud, picture, mesh, range, rangePicture;
 
     /// Creates the folder. The input must not be what is going to be written.
     Output(const std::string& directory, const std::string& input)
         : cloud(directory + "/demo.zpt"),
           picture(directory + "/demo.png"),
-          mesh(directory + "/demo.ztmt") {
+          mesh(directory + "/demo.ztmt"),
+          range(directory + "/demo.zrt"),
+          rangePicture(directory + "/demo_range.png") {
         std::error_code error;
         std::filesystem::create_directories(directory, error);
         if (error) throw FileTrouble(directory + ": " + error.message());
-        for (const std::string& file : {cloud, picture, mesh})
+        for (const std::string& file : {cloud, picture, mesh, range, rangePicture})
             if (std::filesystem::equivalent(input, file, error))
                 throw FileTrouble(input + ": would be overwritten; choose another folder by -o");
     }
@@ -111,17 +116,43 @@ void reportMesh(Report& report, ZyrPointCloud& cloud, const Grid& grid, const st
     report.file("mesh", roundTrip(*mesh, path), meshBytes(*mesh));
 }
 
+RoundTrip throughPicture(const HeightImage& heights, const std::string& path) {
+    HeightImage kept = heights;
+    kept.colors.release();  // the picture has the values alone
+    ZyrRangeImage image = heights.rangeImage(), loaded;
+    const QuietCodecs quiet;
+    return roundTrip(
+        path, [&](const char* file) { return image.Save(file); },
+        [&](const char* file) { return loaded.Load(file, heights.resolution, heights.offset); },
+        [&] { return difference(kept, loaded); });
+}
+
+void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+    HeightImage heights;
+    report.time("range build", timed([&] { heights = heightsOf(cloud, frame); }));
+    ZyrRangeImage loaded;
+    const RoundTrip trip = roundTrip(
+        output.range, [&](const char* file) { return heights.save(file); },
+        [&](const char* file) { return loaded.Load(file, true); },
+        [&] { return difference(heights, loaded); });
+    const std::uint64_t pixels = heights.values.total();
+    report.file("range", trip, pixels * (2 + heights.colors.elemSize()));
+    report.file("range PNG", throughPicture(heights, output.rangePicture), pixels * 2);
+}
+
 /// What needs pixels that are neighbours on the surface.
 void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
     if (!frame.isOrganised()) return;
     const Grid grid(cloud, frame.coordinates.cols, frame.coordinates.rows);
     reportMesh(report, cloud, grid, output.mesh);
+    reportHeights(report, cloud, frame, output);
 }
 
 int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
     std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
     report.print();
-    if (!frame.isOrganised()) std::cout << "Skipped: the mesh, as the points are in no grid.\n";
+    if (!frame.isOrganised())
+        std::cout << "Skipped: mesh and range image, as the points are in no grid.\n";
     if (!report.difference().empty()) {
         std::cerr << "zyr3d: " << report.difference() << "\n";
         return kDifference;
@@ -182,9 +213,10 @@ void checkDepthOptions(const DemoOptions& options) {
 }  // namespace
 
 void addDemo(CLI::App& app, int& outcome) {
-    auto* command = app.add_subcommand(
-        "demo",
-        "Takes a frame all the way: build, drop outliers, triangulate, save, load, compare, draw");
+    auto* command = app.add_subcommand("demo",
+                                       "Takes a frame all the way: build, drop outliers, save, "
+                                       "load, compare, draw; an organised one as a "
+                                       "mesh and a range image too");
     auto options = std::make_shared<DemoOptions>();
     command->add_option("INPUT", options->input,
                         "16-bit depth PNG or point cloud (.zpt); a synthesised frame if left out");
