@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "CloudFile.h"
+#include "RegularFile.h"
 
 namespace zyr {
 namespace {
