@@ -1,6 +1,5 @@
 #include <sys/stat.h>
 
-#include <random>
 #include <vector>
 
 #include "Program.h"
@@ -161,23 +160,7 @@ TEST_F(InfoCommand, WhatIsNoCloudFileIsFileTrouble) {
 
 TEST_F(InfoCommand, NoMutationOfAFileStopsTheProgram) {
     saveKnown(3, true);
-    const std::string good = test::readFile(path("in.zpt"));
-    const std::string spice("\n\r #\0 x9-F", 10);
-    std::mt19937 random(7);
-    std::string names;
-    for (int i = 0; i < 300; ++i) {
-        std::string bytes = good;
-        for (int change = 0; change < 1 + i % 5; ++change) {
-            const std::size_t at = random() % bytes.size();
-            if (random() % 3 == 0) bytes.erase(at, random() % 20);
-            if (random() % 3 == 0) bytes.insert(at, random() % 40, spice[random() % 10]);
-            if (at < bytes.size()) bytes[at] = spice[random() % 10];
-        }
-        const std::string name = std::to_string(i) + ".zpt";
-        test::writeFile(path(name), bytes);
-        names += " " + name;
-    }
-    const test::Result result = run("info" + names);
+    const test::Result result = runInfoOnMutations(test::readFile(path("in.zpt")), "zpt");
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_NE((result.out + result.err).find("299.zpt"), std::string::npos);
 }

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iterator>
 #include <opencv2/imgcodecs.hpp>
+#include <random>
 #include <string>
 
 #include "ZyrPointCloud.h"
@@ -65,6 +66,26 @@ protected:
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
         EXPECT_EQ(result.err.rfind("zyr3d: ", 0), 0u) << result.err;
         EXPECT_NE(result.err.find(text), std::string::npos) << result.err;
+    }
+
+    /// Runs info on 300 files that chance made out of a good one, by their number.
+    Result runInfoOnMutations(const std::string& good, const std::string& suffix) const {
+        const std::string spice("\n\r #\0 x9-F", 10);
+        std::mt19937 random(7);
+        std::string names;
+        for (int i = 0; i < 300; ++i) {
+            std::string bytes = good;
+            for (int change = 0; change < 1 + i % 5; ++change) {
+                const std::size_t at = random() % bytes.size();
+                if (random() % 3 == 0) bytes.erase(at, random() % 20);
+                if (random() % 3 == 0) bytes.insert(at, random() % 40, spice[random() % 10]);
+                if (at < bytes.size()) bytes[at] = spice[random() % 10];
+            }
+            const std::string name = std::to_string(i) + "." + suffix;
+            writeFile(path(name), bytes);
+            names += " " + name;
+        }
+        return run("info" + names);
     }
 
     ZyrPointCloud load(const std::string& name) const {

@@ -9,13 +9,13 @@ namespace zyr {
 
 Frame readCloudFrame(const std::string& path) {
     CloudFile file = loadCloudFile(path);
-    if (file.isCut()) throw FileTrouble(path + ": its body is cut short");
+    if (file.disk.isCut()) throw FileTrouble(path + ": its body is cut short");
     if (file.cloud.Length() == 0) throw FileTrouble(path + ": holds no points");
     // A cloud is built from a count of values, three a point, that is an int.
     if (file.cloud.Length() > std::numeric_limits<int>::max() / 3)
         throw FileTrouble(path + ": too many points");
-    const bool isGrid = file.header.height > 1;
-    const int rows = isGrid ? static_cast<int>(file.header.height) : 1;
+    const bool isGrid = file.disk.header.height > 1;
+    const int rows = isGrid ? static_cast<int>(file.disk.header.height) : 1;
     const int columns = file.cloud.Length() / rows;
     Frame frame;
     frame.name = path;

@@ -42,12 +42,17 @@ ZyrVector3d tangent(const Grid& grid, int column, int row, int dx, int dy) {
 
 ZyrVector3d normalAt(const Grid& grid, int column, int row) {
     if (grid.point(column, row) == nullptr) return ZyrVector3d();
-    ZyrVector3d right = tangent(grid, column, row, 1, 0), down = tangent(grid, column, row, 0, 1);
-    ZyrVector3d normal = down.Cross(right);
-    return normal.Norm() > 0.0 ? normal.Normalized() : ZyrVector3d();
+    const ZyrVector3d right = tangent(grid, column, row, 1, 0);
+    const ZyrVector3d down = tangent(grid, column, row, 0, 1);
+    return crossDirection(down, right);
 }
 
 }  // namespace
+
+ZyrVector3d crossDirection(ZyrVector3d a, const ZyrVector3d& b) {
+    ZyrVector3d cross = a.Cross(b);
+    return cross.Norm() > 0.0 ? cross.Normalized() : ZyrVector3d();
+}
 
 Grid::Grid(ZyrPointCloud& cloud, int columns, int rows)
     : points_(cloud.PointData()), columns_(columns), rows_(rows) {

@@ -23,6 +23,9 @@ private:
     double reach_ = 0.0;
 };
 
+/// The unit vector along a x b; invalid where that has no length.
+ZyrVector3d crossDirection(ZyrVector3d a, const ZyrVector3d& b);
+
 /// One normal a point, to the side from which the grid's columns run to the right and its rows
 /// down. Invalid where the point is, or where its surroundings don't tell.
 ZyrVector3dArray gridNormals(const Grid& grid);

@@ -4,11 +4,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <limits>
 
 #include "Outcome.h"
+#include "RegularFile.h"
 
 namespace zyr {
 namespace {
@@ -20,10 +20,7 @@ constexpr std::size_t kMaxWord = 32;
 constexpr std::size_t kMaxWords = 61;
 
 std::string firstBytes(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::exists(path, error)) throw FileTrouble(path + ": no such file");
-    if (!std::filesystem::is_regular_file(path, error))
-        throw FileTrouble(path + ": not a regular file");
+    requireRegularFile(path);
     std::ifstream file(path, std::ios::binary);
     if (!file) throw FileTrouble(path + ": " + std::strerror(errno));
     std::string bytes(kMaxHeader, '\0');
@@ -40,7 +37,7 @@ public:
     CloudHeader scan() {
         Words words;
         while (header_.body.empty()) {
-            if (!nextLine(words)) fail("no usable DATA line, so no point-cloud file");
+            if (!nextLine(words)) fail("no usable DATA line");
             take(words);
         }
         header_.bodyStart = at_;
@@ -91,6 +88,7 @@ private:
         if (keyword == "WIDTH") header_.width = number(words, 1);
         if (keyword == "HEIGHT") header_.height = number(words, 1);
         if (keyword == "POINTS") header_.points = number(words, 1);
+        if (keyword == "FACES") number(words, 1);
         if (keyword == "DATA" && words.size() > 1 && isBodyKind(words[1])) header_.body = words[1];
     }
 

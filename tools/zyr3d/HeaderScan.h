@@ -6,7 +6,7 @@
 
 namespace zyr {
 
-/// What the text header of a point-cloud file says.
+/// What the text header of a point-cloud or mesh file says.
 struct CloudHeader {
     std::vector<std::string> fields;
     std::vector<std::int64_t> sizes;   ///< bytes a value, one for each field

@@ -1,45 +1,20 @@
 #include "ImageFile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <opencv2/imgcodecs.hpp>
 #include <vector>
 
 #include "Outcome.h"
+#include "QuietCodecs.h"
+#include "RegularFile.h"
 
 namespace zyr {
 namespace {
 
-/// The codecs print notes of their own about broken pictures; we report in one line ourselves.
-class QuietCodecs {
-public:
-    QuietCodecs() : saved_(dup(STDERR_FILENO)) {
-        const int null = open("/dev/null", O_WRONLY);
-        if (null < 0) return;
-        dup2(null, STDERR_FILENO);
-        close(null);
-    }
-    ~QuietCodecs() {
-        if (saved_ < 0) return;
-        dup2(saved_, STDERR_FILENO);
-        close(saved_);
-    }
-    QuietCodecs(const QuietCodecs&) = delete;
-    QuietCodecs& operator=(const QuietCodecs&) = delete;
-
-private:
-    int saved_;
-};
-
 std::vector<unsigned char> readBytes(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error))
-        throw FileTrouble(path + (error ? ": " + error.message() : ": not a regular file"));
+    requireRegularFile(path);
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -52,6 +27,11 @@ std::uint64_t pixelsOfPng(const std::vector<unsigned char>& bytes) {
                std::uint64_t{bytes[at + 2]} << 8 | std::uint64_t{bytes[at + 3]};
     };
     return word(16) * word(20);
+}
+
+void checkPixels(const std::string& path, std::uint64_t pixels) {
+    constexpr std::uint64_t kMostPixels = 64 << 20;
+    if (pixels > kMostPixels) throw FileTrouble(path + ": over 64 megapixels");
 }
 
 cv::Mat decode(const std::vector<unsigned char>& bytes) try {
@@ -71,12 +51,20 @@ bool encode(const std::string& path, const cv::Mat& image) try {
 }  // namespace
 
 cv::Mat readImage(const std::string& path) {
-    constexpr std::uint64_t kMostPixels = 64 << 20;
     const std::vector<unsigned char> bytes = readBytes(path);
-    if (pixelsOfPng(bytes) > kMostPixels) throw FileTrouble(path + ": over 64 megapixels");
+    checkPixels(path, pixelsOfPng(bytes));
     cv::Mat image = decode(bytes);
     if (image.empty()) throw FileTrouble(path + ": not a picture that can be read");
-    if (image.total() > kMostPixels) throw FileTrouble(path + ": over 64 megapixels");
+    checkPixels(path, image.total());
+    return image;
+}
+
+ZyrRangeImage readPictureValues(const std::string& path) {
+    checkPixels(path, pixelsOfPng(readBytes(path)));
+    const QuietCodecs quiet;
+    ZyrRangeImage image;
+    if (!image.Load(path.c_str(), 1.0, 0.0))
+        throw FileTrouble(path + ": not a picture that can be read");
     return image;
 }
 

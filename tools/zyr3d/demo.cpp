@@ -1,24 +1,29 @@
 #include "demo.h"
 
 #include <CLI/CLI.hpp>
-#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 
 #include "CloudFile.h"
 #include "CloudFrame.h"
-#include "Comparison.h"
 #include "DepthImage.h"
 #include "Grid.h"
+#include "HeightImage.h"
 #include "ImageFile.h"
+#include "Mesh.h"
 #include "Outcome.h"
 #include "Outliers.h"
 #include "Picture.h"
+#include "QuietCodecs.h"
+#include "Report.h"
+#include "RoundTrip.h"
 #include "SensorFrame.h"
 #include "Table.h"
 #include "View.h"
 #include "ZyrPointCloud.h"
+#include "ZyrRangeImage.h"
 
 namespace zyr {
 namespace {
@@ -29,19 +34,6 @@ struct DemoOptions {
     std::string colorFile;
     Pinhole pinhole;
 };
-
-/// Milliseconds that the steps took.
-struct Times {
-    double build = 0.0, save = 0.0, load = 0.0;
-};
-
-template <class Step>
-double timed(const Step& step) {
-    const auto start = std::chrono::steady_clock::now();
-    step();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-        .count();
-}
 
 Frame readFrame(const DemoOptions& options) {
     if (options.input.empty()) return synthesiseSensorFrame();
@@ -67,38 +59,9 @@ void addNormals(ZyrPointCloud& cloud, const Frame& frame) {
         cloud.SetNormals(frame.normals);
 }
 
-std::uint64_t rawBytes(const ZyrPointCloud& cloud) {
+std::uint64_t cloudBytes(const ZyrPointCloud& cloud) {
     const auto points = static_cast<std::uint64_t>(cloud.Length());
     return points * (24 + (cloud.IsValidNormal() ? 24 : 0) + (cloud.IsValidColor() ? 4 : 0));
-}
-
-std::string percent(std::uint64_t part, std::uint64_t whole) {
-    return decimal(100.0 * static_cast<double>(part) / static_cast<double>(whole), 1) + " %";
-}
-
-void printCounts(const ZyrPointCloud& cloud, int dropped, const std::string& file) {
-    const auto points = static_cast<std::uint64_t>(cloud.Length());
-    const auto valid = static_cast<std::uint64_t>(cloud.NumValidPoints());
-    const std::uint64_t raw = rawBytes(cloud), disk = fileSize(file);
-    Table table(Table::Right);
-    table.add({"points", grouped(points)});
-    table.add({"valid points", grouped(valid), percent(valid, points)});
-    table.add({"outliers dropped", grouped(static_cast<std::uint64_t>(dropped))});
-    table.add({"bytes raw", grouped(raw)});
-    table.add({"bytes on disk", grouped(disk), percent(disk, raw)});
-    table.print(std::cout);
-}
-
-void printTimes(const Times& times, int points) {
-    Table table(Table::Right);
-    const auto add = [&](const char* step, double ms) {
-        table.add({step, decimal(ms, 2), decimal(ms * 1e6 / points, 1)});
-    };
-    table.add({"step", "ms", "ns a point"});
-    add("build", times.build);
-    add("save", times.save);
-    add("load", times.load);
-    table.print(std::cout);
 }
 
 std::string sizeText(const Frame& frame) {
@@ -118,56 +81,100 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& p
     writeImage(path, drawPicture(view, name, facts, frame.unit));
 }
 
-/// The two files that a run writes.
+/// The files that a run writes.
 struct Output {
-    std::string cloud, picture;
+    std::string cloud, picture, mesh, range, rangePicture;
 
     /// Creates the folder. The input must not be what is going to be written.
     Output(const std::string& directory, const std::string& input)
-        : cloud(directory + "/demo.zpt"), picture(directory + "/demo.png") {
+        : cloud(directory + "/demo.zpt"),
+          picture(directory + "/demo.png"),
+          mesh(directory + "/demo.ztmt"),
+          range(directory + "/demo.zrt"),
+          rangePicture(directory + "/demo_range.png") {
         std::error_code error;
         std::filesystem::create_directories(directory, error);
         if (error) throw FileTrouble(directory + ": " + error.message());
-        for (const std::string& file : {cloud, picture})
+        for (const std::string& file : {cloud, picture, mesh, range, rangePicture})
             if (std::filesystem::equivalent(input, file, error))
                 throw FileTrouble(input + ": would be overwritten; choose another folder by -o");
     }
 };
 
-/// Saves the cloud, loads it back and tells what differs.
-std::string roundTrip(ZyrPointCloud& cloud, const std::string& path, Times& times) {
-    bool isSaved = false, isLoaded = false;
-    ZyrPointCloud loaded;
-    times.save = timed([&] { isSaved = cloud.Save(path.c_str(), true, true); });
-    if (!isSaved) throw FileTrouble(path + ": cannot be written");
-    times.load = timed([&] { isLoaded = loaded.Load(path.c_str(), true, true); });
-    return isLoaded ? difference(cloud, loaded) : "file as a whole";
+void reportCloud(Report& report, ZyrPointCloud& cloud, int dropped, const std::string& path) {
+    report.count("points", cloud.Length());
+    report.countShare("valid points", cloud.NumValidPoints());
+    report.count("outliers dropped", dropped);
+    report.file("", roundTrip(cloud, path), cloudBytes(cloud));
+}
+
+void reportMesh(Report& report, ZyrPointCloud& cloud, const Grid& grid, const std::string& path) {
+    std::optional<ZyrTriangleMesh> mesh;
+    report.time("mesh build", timed([&] { mesh.emplace(triangulate(cloud, grid)); }));
+    report.count("mesh vertices", mesh->NumVertices());
+    report.count("mesh triangles", mesh->NumTriangles());
+    report.file("mesh", roundTrip(*mesh, path), meshBytes(*mesh));
+}
+
+RoundTrip throughPicture(const HeightImage& heights, const std::string& path) {
+    HeightImage kept = heights;
+    kept.colors.release();  // the picture has the values alone
+    ZyrRangeImage image = heights.rangeImage(), loaded;
+    const QuietCodecs quiet;
+    return roundTrip(
+        path, [&](const char* file) { return image.Save(file); },
+        [&](const char* file) { return loaded.Load(file, heights.resolution, heights.offset); },
+        [&] { return difference(kept, loaded); });
+}
+
+void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+    HeightImage heights;
+    report.time("range build", timed([&] { heights = heightsOf(cloud, frame); }));
+    ZyrRangeImage loaded;
+    const RoundTrip trip = roundTrip(
+        output.range, [&](const char* file) { return heights.save(file); },
+        [&](const char* file) { return loaded.Load(file, true); },
+        [&] { return difference(heights, loaded); });
+    const std::uint64_t pixels = heights.values.total();
+    report.file("range", trip, pixels * (2 + heights.colors.elemSize()));
+    report.file("range PNG", throughPicture(heights, output.rangePicture), pixels * 2);
+}
+
+/// What needs pixels that are neighbours on the surface.
+void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+    if (!frame.isOrganised()) return;
+    const Grid grid(cloud, frame.coordinates.cols, frame.coordinates.rows);
+    reportMesh(report, cloud, grid, output.mesh);
+    reportHeights(report, cloud, frame, output);
+}
+
+int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+    std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
+    report.print();
+    if (!frame.isOrganised())
+        std::cout << "Skipped: mesh and range image, as the points are in no grid.\n";
+    if (!report.difference().empty()) {
+        std::cerr << "zyr3d: " << report.difference() << "\n";
+        return kDifference;
+    }
+    writePicture(cloud, frame, output.picture);
+    std::cout << "Every value came back bit for bit.\n"
+              << "Written: " << report.written() << ", " << output.picture << "\n";
+    return kGood;
 }
 
 int runDemo(const DemoOptions& options) {
     Frame frame = readFrame(options);
     const Output output(options.directory, options.input);
-    Times times;
     ZyrPointCloud cloud;
-    times.build = timed([&] { cloud = buildCloud(frame); });
+    const double build = timed([&] { cloud = buildCloud(frame); });
+    Report report(cloud.Length());
+    report.time("build", build);
     const int dropped = dropOutliers(cloud, frame.coordinates.cols, frame.coordinates.rows);
     addNormals(cloud, frame);
-    const std::string differing = roundTrip(cloud, output.cloud, times);
-
-    std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
-    printCounts(cloud, dropped, output.cloud);
-    std::cout << "\n";
-    printTimes(times, cloud.Length());
-    std::cout << "\n";
-    if (!differing.empty()) {
-        std::cerr << "zyr3d: " << output.cloud << ": the " << differing
-                  << " came back differently\n";
-        return kDifference;
-    }
-    writePicture(cloud, frame, output.picture);
-    std::cout << "Every value came back bit for bit.\n"
-              << "Written: " << output.cloud << ", " << output.picture << "\n";
-    return kGood;
+    reportCloud(report, cloud, dropped, output.cloud);
+    if (report.difference().empty()) reportGrid(report, cloud, frame, output);
+    return finish(report, cloud, frame, output);
 }
 
 /// A check that NaN doesn't pass either.
@@ -206,8 +213,10 @@ void checkDepthOptions(const DemoOptions& options) {
 }  // namespace
 
 void addDemo(CLI::App& app, int& outcome) {
-    auto* command = app.add_subcommand(
-        "demo", "Takes a frame all the way: build, drop outliers, save, load, compare, draw");
+    auto* command = app.add_subcommand("demo",
+                                       "Takes a frame all the way: build, drop outliers, save, "
+                                       "load, compare, draw; an organised one as a "
+                                       "mesh and a range image too");
     auto options = std::make_shared<DemoOptions>();
     command->add_option("INPUT", options->input,
                         "16-bit depth PNG or point cloud (.zpt); a synthesised frame if left out");

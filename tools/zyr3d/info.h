@@ -6,7 +6,7 @@ class App;
 
 namespace zyr {
 
-/// Adds the subcommand that tells what point-cloud files hold. Running it sets outcome to the worst
+/// Adds the subcommand that tells what files hold. Running it sets outcome to the worst
 /// that was found.
 void addInfo(CLI::App& app, int& outcome);
 
