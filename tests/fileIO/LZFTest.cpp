@@ -57,11 +57,36 @@ TEST(LZF, WorksThroughAnObjectToo) {
     EXPECT_EQ(codec.compress(in, 1, out, 2), 2);
 }
 
-TEST(LZF, ThousandZerosAreOneLiteralRunAndReferences) {
-    const std::vector<test::Chunk> chunks = test::chunksOf(compressed(Bytes(1000)));
-    ASSERT_GE(chunks.size(), 2U);
-    EXPECT_FALSE(chunks[0].isReference);
-    for (std::size_t i = 1; i < chunks.size(); ++i) EXPECT_TRUE(chunks[i].isReference) << i;
+TEST(LZF, ThousandZerosAreOneLiteralAndFourReferences) {
+    const Bytes expected = {0x00, 0x00, 0xE0, 0xFF, 0x00, 0xE0, 0xFF,
+                            0x00, 0xE0, 0xFF, 0x00, 0xE0, 0xC6, 0x00};
+    EXPECT_EQ(compressed(Bytes(1000)), expected);
+}
+
+TEST(LZF, RepeatsOverlapWhatTheyCopyFrom) {
+    const Bytes expected = {0x02, 0x61, 0x62, 0x63, 0xE0, 0x00, 0x02, 0x00, 0x58};
+    EXPECT_EQ(compressed(test::toBytes("abcabcabcabcX")), expected);
+}
+
+TEST(LZF, MatchesAreLookedForWhileFourBytesRemain) {
+    EXPECT_EQ(compressed(test::toBytes("abcXabc")),
+              (Bytes{0x06, 0x61, 0x62, 0x63, 0x58, 0x61, 0x62, 0x63}));
+    EXPECT_EQ(compressed(test::toBytes("abcXabcY")),
+              (Bytes{0x03, 0x61, 0x62, 0x63, 0x58, 0x20, 0x03, 0x00, 0x59}));
+}
+
+TEST(LZF, MatchesReachBack8192Bytes) {
+    const Bytes stream = compressed(test::repeated(test::randomBytes(8192, 256, 4), 2 * 8192));
+    std::size_t repeated = 0;
+    for (const test::Chunk& chunk : test::chunksOf(stream))
+        if (chunk.isReference && chunk.distance == 8192) repeated += chunk.length;
+    EXPECT_GT(repeated, 8000U);
+    EXPECT_LT(stream.size(), 9000U);
+}
+
+TEST(LZF, MatchesReachNoFurther) {
+    const Bytes stream = compressed(test::repeated(test::randomBytes(8193, 256, 5), 2 * 8193));
+    EXPECT_GT(stream.size(), 2U * 8193);
 }
 
 TEST(LZF, ThousandZerosComeBack) {
