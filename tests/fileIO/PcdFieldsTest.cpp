@@ -182,3 +182,12 @@ TEST(PcdFields, FieldsLineAloneFillsOnlyTheNames) {
     EXPECT_EQ(header.numFields, 0);
     EXPECT_FALSE(header.hasFields);
 }
+
+TEST(PcdFields, TypeAndCountLinesBeforeTheFieldsAreMarkedAndFillNothing) {
+    const auto [isRead, h] = readLines("TYPE F F F\nCOUNT 1 1 1\nFIELDS x y z\n");
+    EXPECT_TRUE(isRead && h.hasType && h.hasCount);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(h.fields[i].type, '\0');
+        EXPECT_EQ(h.fields[i].count, 0);
+    }
+}

@@ -126,6 +126,20 @@ TEST(BinaryCloud, ColoursAreReadWhetherWantedOrNot) {
     }
 }
 
+TEST(BinaryCloud, ColourWordsOfFewerBytesHaveZerosAbove) {
+    const Bytes words = {0x1E, 0x14, 0x0A};
+    for (std::size_t size = 0; size < 4; ++size) {
+        const auto header = CloudHeader(2).columns("x y z rgb", "4 4 4 " + std::to_string(size),
+                                                   "F F F U", "1 1 1 1");
+        const Bytes record = test::joined(bytesOf<float>({1, 2, 3}), test::prefix(words, size));
+        Bytes color(4, 0);
+        std::copy_n(words.begin(), size, color.begin());
+        const auto cloud = load(header, test::joined(record, record));
+        EXPECT_EQ(cloud.colorBytes(), test::joined(color, color)) << size;
+        EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3, 1, 2, 3})) << size;
+    }
+}
+
 TEST(BinaryCloud, ColourMatrixStaysWhereTheFileHasNone) {
     const test::MemoryFile file(test::joined(CloudHeader(1).kind("binary").bytes(), Bytes(24)));
     ZyrVector3dArray points, normals;
@@ -174,10 +188,13 @@ TEST(BinaryCloud, NoPointsLoad) {
     EXPECT_EQ(cloud.colors.total(), 0U);
 }
 
-TEST(BinaryCloud, RecordSizesBeyond64BitsAreRefused) {
-    const auto header = CloudHeader(2147483647)
-                            .columns("x y z a", "8 8 8 2147483647", "F F F U", "1 1 1 2147483647");
-    EXPECT_FALSE(load(header, Bytes(100)).isLoaded);
+TEST(BinaryCloud, BodySizeBeyond64BitsIsRefused) {
+    // (2^31 - 1)^2 bytes a field: four of them fit, five do not.
+    const auto header = [](long n) {
+        return CloudHeader(n).columns("x y z a", "8 8 8 2147483647", "F F F U", "1 1 1 2147483647");
+    };
+    EXPECT_TRUE(load(header(4), Bytes(100)).isLoaded);
+    EXPECT_FALSE(load(header(5), Bytes(100)).isLoaded);
 }
 
 TEST(AsciiCloud, IsNotReadAndGivesPointsAtTheOrigin) {
@@ -202,7 +219,15 @@ TEST(AsciiCloud, NormalsAreZeroVectorsWhereWanted) {
 }
 
 TEST(AsciiCloud, ColoursAreNotTouched) {
-    EXPECT_TRUE(test::loadBytes(coloured(2).kind("ascii").bytes()).colors.empty());
+    const test::MemoryFile file(coloured(2).kind("ascii").bytes());
+    ZyrVector3dArray points, normals;
+    cv::Mat none, colors = test::colorRow({7, 8, 9}, 3);
+    for (cv::Mat* matrix : {&none, &colors})
+        EXPECT_TRUE(
+            Zyr3DFileIO::LoadPointCloud(points, normals, *matrix, file.path().c_str(), true, true));
+    EXPECT_TRUE(none.empty());
+    EXPECT_EQ(colors.size(), cv::Size(1, 1));
+    EXPECT_EQ(colors.at<cv::Vec3b>(0, 0), cv::Vec3b(7, 8, 9));
 }
 
 TEST(AsciiCloud, ColumnsOfAnySizeLoad) {
