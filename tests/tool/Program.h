@@ -1,28 +1,27 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <opencv2/imgcodecs.hpp>
 #include <string>
 
 #include "ZyrPointCloud.h"
+#include "support/Bytes.h"
+#include "support/TempFolder.h"
 
 namespace test {
 
-inline std::string readFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+inline std::string readText(const std::string& path) {
+    const Bytes bytes = readFile(path);
+    return std::string(bytes.begin(), bytes.end());
 }
 
-inline void writeFile(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
+inline void writeText(const std::string& path, const std::string& text) {
+    writeFile(path, toBytes(text));
 }
 
 struct Result {
@@ -33,22 +32,15 @@ struct Result {
 /// Runs the program in a fresh folder that goes away afterwards.
 class Tool : public testing::Test {
 protected:
-    Tool() {
-        std::string name = (std::filesystem::temp_directory_path() / "zyr3d-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        folder_ = name;
-    }
-    ~Tool() override { std::filesystem::remove_all(folder_); }
-
-    std::string path(const std::string& name) const { return folder_ + "/" + name; }
+    std::string path(const std::string& name) const { return folder_.path(name); }
 
     /// The arguments are words for the shell; before them the shell may be prepared.
     Result run(const std::string& arguments, const std::string& preparation = "true") const {
-        const std::string command = "cd " + folder_ + " && " + preparation + "; " ZYR_TOOL " " +
+        const std::string command = "cd " + path(".") + " && " + preparation + "; " ZYR_TOOL " " +
                                     arguments + " >out.txt 2>err.txt";
         const int status = std::system(command.c_str());
         const int exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-        return {exitCode, readFile(path("out.txt")), readFile(path("err.txt"))};
+        return {exitCode, readText(path("out.txt")), readText(path("err.txt"))};
     }
 
     /// What stands behind a label in a table.
@@ -74,7 +66,7 @@ protected:
     }
 
 private:
-    std::string folder_;
+    const TempFolder folder_;
 };
 
 }  // namespace test
