@@ -51,11 +51,6 @@ TEST(PcdFields, NamesAreComparedExactly) {
     EXPECT_FALSE(h.hasFields);
 }
 
-TEST(PcdFields, NameIsComparedBeforeItIsCut) {
-    const zyr::PcdHeader h = readLines("FIELDS x y z rgb_____long\n").header;
-    EXPECT_EQ(h.rgb, -1);
-}
-
 TEST(PcdFields, LaterEqualNameOverwritesTheIndex) {
     const zyr::PcdHeader h = readLines("FIELDS x nx rgb fa fnx frgb x nx rgb fa fnx frgb\n").header;
     EXPECT_EQ(std::vector<int>({h.x, h.nx, h.rgb, h.fa, h.fnx, h.frgb}),

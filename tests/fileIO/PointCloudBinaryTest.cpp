@@ -22,12 +22,6 @@ test::LoadedCloud load(CloudHeader header, const Bytes& body, bool withNormals =
                            withColors);
 }
 
-Bytes all(const std::vector<Bytes>& parts) {
-    Bytes bytes;
-    for (const Bytes& part : parts) bytes = test::joined(bytes, part);
-    return bytes;
-}
-
 CloudHeader coloured(long n) {
     return CloudHeader(n).columns("x y z rgb", "4 4 4 4", "F F F U", "1 1 1 1");
 }
@@ -55,12 +49,12 @@ TEST(BinaryCloud, SizeOfXDecidesForYAndZ) {
                              bytesOf<float>({1, 2, -1, 3, -1}));
     EXPECT_EQ(test::values(floats.points), (Values{1, 2, 3}));
     const auto odd = load(CloudHeader(1).columns("x y z", "5 4 4", "F F F", "1 1 1"),
-                          all({bytesOf<float>({1}), {0}, bytesOf<float>({2, 3})}));
+                          test::joined({bytesOf<float>({1}), {0}, bytesOf<float>({2, 3})}));
     EXPECT_EQ(test::values(odd.points), (Values{1, 2, 3}));
 }
 
 TEST(BinaryCloud, UnknownFieldsAreSteppedOver) {
-    const Bytes record = all({{9, 9, 9}, bytesOf<double>({1, 2, 3}), {9}});
+    const Bytes record = test::joined({{9, 9, 9}, bytesOf<double>({1, 2, 3}), {9}});
     const auto cloud =
         load(CloudHeader(2).columns("a x y z b", "3 8 8 8 1", "U F F F U", "1 1 1 1 1"),
              test::joined(record, record));
@@ -85,8 +79,9 @@ TEST(BinaryCloud, ValuesOfMoreThan32BytesAreReadPast) {
 }
 
 TEST(BinaryCloud, LargeCoordinatesKeepTheirFirstBytes) {
-    const auto cloud = load(CloudHeader(1).columns("x y z", "8 8 8", "F F F", "10 1 1"),
-                            all({bytesOf<double>({1}), Bytes(72, 9), bytesOf<double>({2, 3})}));
+    const auto cloud =
+        load(CloudHeader(1).columns("x y z", "8 8 8", "F F F", "10 1 1"),
+             test::joined({bytesOf<double>({1}), Bytes(72, 9), bytesOf<double>({2, 3})}));
     EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3}));
 }
 
