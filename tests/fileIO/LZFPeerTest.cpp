@@ -1,28 +1,16 @@
 #include <gtest/gtest.h>
 #include <liblzf/lzf.h>
 
-#include "LZF.h"
+#include "support/Lzf.h"
 #include "support/LzfData.h"
 
 /// Streams cross over to liblzf and back.
 
 using test::Bytes;
+using test::lzfCompressed;
+using test::lzfDecompressed;
 
 namespace {
-
-Bytes compressedHere(Bytes data) {
-    Bytes out(data.size() + data.size() / 32 + 1);
-    const int size = LZF::compress(data.data(), static_cast<int>(data.size()), out.data(),
-                                   static_cast<int>(out.size()));
-    return test::prefix(out, static_cast<std::size_t>(size));
-}
-
-Bytes decompressedHere(Bytes stream, std::size_t size) {
-    Bytes out(size);
-    const int produced = LZF::decompress(stream.data(), static_cast<int>(stream.size()), out.data(),
-                                         static_cast<int>(size));
-    return test::prefix(out, static_cast<std::size_t>(produced));
-}
 
 Bytes compressedThere(const Bytes& data) {
     Bytes out(data.size() + data.size() / 16 + 64);
@@ -42,32 +30,32 @@ Bytes decompressedThere(const Bytes& stream, std::size_t size) {
 
 TEST(LZFPeer, ReadsOurStreams) {
     for (const auto& [name, data] : test::madeData())
-        EXPECT_EQ(decompressedThere(compressedHere(data), data.size()), data) << name;
+        EXPECT_EQ(decompressedThere(lzfCompressed(data), data.size()), data) << name;
 }
 
 TEST(LZFPeer, WritesStreamsThatWeRead) {
     for (const auto& [name, data] : test::madeData())
-        EXPECT_EQ(decompressedHere(compressedThere(data), data.size()), data) << name;
+        EXPECT_EQ(lzfDecompressed(compressedThere(data), data.size()), data) << name;
 }
 
 TEST(LZFPeer, ReadsOurStreamsOfMeasuredData) {
     const auto measured = test::measuredData();
     if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
     for (const auto& [name, data] : measured)
-        EXPECT_TRUE(decompressedThere(compressedHere(data), data.size()) == data) << name;
+        EXPECT_TRUE(decompressedThere(lzfCompressed(data), data.size()) == data) << name;
 }
 
 TEST(LZFPeer, WritesStreamsOfMeasuredDataThatWeRead) {
     const auto measured = test::measuredData();
     if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
     for (const auto& [name, data] : measured)
-        EXPECT_TRUE(decompressedHere(compressedThere(data), data.size()) == data) << name;
+        EXPECT_TRUE(lzfDecompressed(compressedThere(data), data.size()) == data) << name;
 }
 
 TEST(LZFPeer, RefusesWhatWeRefuse) {
     for (const Bytes& stream : {Bytes{0, 'a', 1 << 5, 1}, Bytes{1 << 5, 0},
                                 Bytes{2, 'a', 'b', 'c', 7 << 5 | 31, 9, 255}}) {
-        EXPECT_EQ(decompressedHere(stream, 200), Bytes());
+        EXPECT_EQ(lzfDecompressed(stream, 200), Bytes());
         EXPECT_EQ(decompressedThere(stream, 200), Bytes());
     }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 
+#include "support/Lzf.h"
 #include "support/LzfData.h"
 #include "support/PlainLzf.h"
 
@@ -28,19 +29,13 @@ Decoded decode(const Bytes& stream, std::size_t outLen) {
     return decode(stream, stream.size(), outLen);
 }
 
-Bytes compressed(const Bytes& in) {
-    Bytes out(zyr::lzfWorstCase(in.size()));
-    const std::size_t size = zyr::lzfCompress(in.data(), in.size(), out.data(), out.size());
-    return test::prefix(out, size);
-}
-
 /// Literal runs, short, long, near, far and overlapping references.
 Bytes mixedStream() {
     Bytes data = test::decimals(60);
     for (const Bytes& part : {Bytes(700, 5), test::repeated({1, 2, 3, 4, 5}, 300),
                               test::randomBytes(100, 256, 21), test::decimals(60)})
         data = test::joined(data, part);
-    return compressed(data);
+    return test::lzfCompressed(data);
 }
 
 constexpr std::size_t kMixedSize = 480 + 700 + 300 + 100 + 480;
@@ -57,7 +52,7 @@ TEST(LzfCodec, WorstCaseIsAControlByteForEach32) {
 
 TEST(LzfCodec, WholeStreamsDecodeWhole) {
     for (const auto& [name, data] : test::madeData()) {
-        const Decoded decoded = decode(compressed(data), data.size());
+        const Decoded decoded = decode(test::lzfCompressed(data), data.size());
         EXPECT_EQ(decoded.end, LzfEnd::Whole) << name;
         EXPECT_EQ(decoded.bytes, data) << name;
     }

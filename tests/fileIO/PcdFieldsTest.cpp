@@ -51,11 +51,6 @@ TEST(PcdFields, NamesAreComparedExactly) {
     EXPECT_FALSE(h.hasFields);
 }
 
-TEST(PcdFields, NameIsComparedBeforeItIsCut) {
-    const zyr::PcdHeader h = readLines("FIELDS x y z rgb_____long\n").header;
-    EXPECT_EQ(h.rgb, -1);
-}
-
 TEST(PcdFields, LaterEqualNameOverwritesTheIndex) {
     const zyr::PcdHeader h = readLines("FIELDS x nx rgb fa fnx frgb x nx rgb fa fnx frgb\n").header;
     EXPECT_EQ(std::vector<int>({h.x, h.nx, h.rgb, h.fa, h.fnx, h.frgb}),
@@ -181,4 +176,13 @@ TEST(PcdFields, FieldsLineAloneFillsOnlyTheNames) {
     zyr::pcdReadFields(line, header);
     EXPECT_EQ(header.numFields, 0);
     EXPECT_FALSE(header.hasFields);
+}
+
+TEST(PcdFields, TypeAndCountLinesBeforeTheFieldsAreMarkedAndFillNothing) {
+    const auto [isRead, h] = readLines("TYPE F F F\nCOUNT 1 1 1\nFIELDS x y z\n");
+    EXPECT_TRUE(isRead && h.hasType && h.hasCount);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(h.fields[i].type, '\0');
+        EXPECT_EQ(h.fields[i].count, 0);
+    }
 }

@@ -73,6 +73,10 @@ TEST(PcdHeader, NegativeNumberIsRefused) {
         EXPECT_FALSE(readLines(std::string(line) + "\n").isRead) << line;
 }
 
+TEST(PcdHeader, NegativeNumberIsNotMadeGoodByALaterLine) {
+    EXPECT_FALSE(readLines("POINTS -1\nPOINTS 2\n").isRead);
+}
+
 TEST(PcdHeader, NumberBeyond32BitsIsRefused) {
     for (const char* line : {"WIDTH 2147483648", "HEIGHT 4294967297", "POINTS 2147483648",
                              "FACES 9999999999999999999999", "FIELDS x y z\nSIZE 8 8 4294967304",

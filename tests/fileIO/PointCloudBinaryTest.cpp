@@ -22,12 +22,6 @@ test::LoadedCloud load(CloudHeader header, const Bytes& body, bool withNormals =
                            withColors);
 }
 
-Bytes all(const std::vector<Bytes>& parts) {
-    Bytes bytes;
-    for (const Bytes& part : parts) bytes = test::joined(bytes, part);
-    return bytes;
-}
-
 CloudHeader coloured(long n) {
     return CloudHeader(n).columns("x y z rgb", "4 4 4 4", "F F F U", "1 1 1 1");
 }
@@ -55,12 +49,12 @@ TEST(BinaryCloud, SizeOfXDecidesForYAndZ) {
                              bytesOf<float>({1, 2, -1, 3, -1}));
     EXPECT_EQ(test::values(floats.points), (Values{1, 2, 3}));
     const auto odd = load(CloudHeader(1).columns("x y z", "5 4 4", "F F F", "1 1 1"),
-                          all({bytesOf<float>({1}), {0}, bytesOf<float>({2, 3})}));
+                          test::joined({bytesOf<float>({1}), {0}, bytesOf<float>({2, 3})}));
     EXPECT_EQ(test::values(odd.points), (Values{1, 2, 3}));
 }
 
 TEST(BinaryCloud, UnknownFieldsAreSteppedOver) {
-    const Bytes record = all({{9, 9, 9}, bytesOf<double>({1, 2, 3}), {9}});
+    const Bytes record = test::joined({{9, 9, 9}, bytesOf<double>({1, 2, 3}), {9}});
     const auto cloud =
         load(CloudHeader(2).columns("a x y z b", "3 8 8 8 1", "U F F F U", "1 1 1 1 1"),
              test::joined(record, record));
@@ -85,8 +79,9 @@ TEST(BinaryCloud, ValuesOfMoreThan32BytesAreReadPast) {
 }
 
 TEST(BinaryCloud, LargeCoordinatesKeepTheirFirstBytes) {
-    const auto cloud = load(CloudHeader(1).columns("x y z", "8 8 8", "F F F", "10 1 1"),
-                            all({bytesOf<double>({1}), Bytes(72, 9), bytesOf<double>({2, 3})}));
+    const auto cloud =
+        load(CloudHeader(1).columns("x y z", "8 8 8", "F F F", "10 1 1"),
+             test::joined({bytesOf<double>({1}), Bytes(72, 9), bytesOf<double>({2, 3})}));
     EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3}));
 }
 
@@ -123,6 +118,20 @@ TEST(BinaryCloud, ColoursAreReadWhetherWantedOrNot) {
         EXPECT_EQ(cloud.colors.type(), CV_8UC4);
         EXPECT_EQ(cloud.colors.size(), cv::Size(2, 1));
         EXPECT_EQ(cloud.colorBytes(), (Bytes{30, 20, 10, 128, 3, 2, 1, 0}));
+    }
+}
+
+TEST(BinaryCloud, ColourWordsOfFewerBytesHaveZerosAbove) {
+    const Bytes words = {0x1E, 0x14, 0x0A};
+    for (std::size_t size = 0; size < 4; ++size) {
+        const auto header = CloudHeader(2).columns("x y z rgb", "4 4 4 " + std::to_string(size),
+                                                   "F F F U", "1 1 1 1");
+        const Bytes record = test::joined(bytesOf<float>({1, 2, 3}), test::prefix(words, size));
+        Bytes color(4, 0);
+        std::copy_n(words.begin(), size, color.begin());
+        const auto cloud = load(header, test::joined(record, record));
+        EXPECT_EQ(cloud.colorBytes(), test::joined(color, color)) << size;
+        EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3, 1, 2, 3})) << size;
     }
 }
 
@@ -174,10 +183,13 @@ TEST(BinaryCloud, NoPointsLoad) {
     EXPECT_EQ(cloud.colors.total(), 0U);
 }
 
-TEST(BinaryCloud, RecordSizesBeyond64BitsAreRefused) {
-    const auto header = CloudHeader(2147483647)
-                            .columns("x y z a", "8 8 8 2147483647", "F F F U", "1 1 1 2147483647");
-    EXPECT_FALSE(load(header, Bytes(100)).isLoaded);
+TEST(BinaryCloud, BodySizeBeyond64BitsIsRefused) {
+    // (2^31 - 1)^2 bytes a field: four of them fit, five do not.
+    const auto header = [](long n) {
+        return CloudHeader(n).columns("x y z a", "8 8 8 2147483647", "F F F U", "1 1 1 2147483647");
+    };
+    EXPECT_TRUE(load(header(4), Bytes(100)).isLoaded);
+    EXPECT_FALSE(load(header(5), Bytes(100)).isLoaded);
 }
 
 TEST(AsciiCloud, IsNotReadAndGivesPointsAtTheOrigin) {
@@ -202,7 +214,15 @@ TEST(AsciiCloud, NormalsAreZeroVectorsWhereWanted) {
 }
 
 TEST(AsciiCloud, ColoursAreNotTouched) {
-    EXPECT_TRUE(test::loadBytes(coloured(2).kind("ascii").bytes()).colors.empty());
+    const test::MemoryFile file(coloured(2).kind("ascii").bytes());
+    ZyrVector3dArray points, normals;
+    cv::Mat none, colors = test::colorRow({7, 8, 9}, 3);
+    for (cv::Mat* matrix : {&none, &colors})
+        EXPECT_TRUE(
+            Zyr3DFileIO::LoadPointCloud(points, normals, *matrix, file.path().c_str(), true, true));
+    EXPECT_TRUE(none.empty());
+    EXPECT_EQ(colors.size(), cv::Size(1, 1));
+    EXPECT_EQ(colors.at<cv::Vec3b>(0, 0), cv::Vec3b(7, 8, 9));
 }
 
 TEST(AsciiCloud, ColumnsOfAnySizeLoad) {

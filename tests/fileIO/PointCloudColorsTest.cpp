@@ -113,3 +113,22 @@ TEST(CloudColors, ColoursBehindTheCutAreZero) {
     EXPECT_TRUE(loadInto(colors, test::prefix(whole, whole.size() - 1)));
     EXPECT_EQ(bytesOfMatrix(colors), (Bytes{30, 20, 10, 0, 0, 0}));
 }
+
+TEST(CloudColors, MatrixStaysWhereTheBodyEndsBeforeItsChannelCountDoes) {
+    const Bytes whole = file(3);
+    const std::size_t body = whole.size() - test::compressed(3, Bytes(56)).size();
+    for (std::size_t size = body; size < body + 4; ++size) {
+        cv::Mat colors = test::colorRow({9, 9}, 1);
+        EXPECT_TRUE(loadInto(colors, test::prefix(whole, size)));
+        EXPECT_EQ(colors.size(), cv::Size(2, 1)) << size;
+        EXPECT_EQ(bytesOfMatrix(colors), (Bytes{9, 9})) << size;
+    }
+}
+
+TEST(CloudColors, MatrixIsBlackWhereTheBodyEndsBehindItsChannelCount) {
+    const Bytes whole = file(3);
+    const std::size_t body = whole.size() - test::compressed(3, Bytes(56)).size();
+    cv::Mat colors = test::colorRow({9, 9}, 1);
+    EXPECT_TRUE(loadInto(colors, test::prefix(whole, body + 4)));
+    EXPECT_EQ(bytesOfMatrix(colors), Bytes(6, 0));
+}

@@ -24,12 +24,6 @@ Bytes doubles() {
     return bytesOf<double>({1, 4, 2, 5, 3, 6});
 }
 
-Bytes all(const std::vector<Bytes>& parts) {
-    Bytes bytes;
-    for (const Bytes& part : parts) bytes = test::joined(bytes, part);
-    return bytes;
-}
-
 LoadedCloud load(const CloudHeader& header, const Bytes& body, bool withNormals = true,
                  bool withColors = true, std::uint32_t channels = 3) {
     return test::loadBytes(test::joined(header.bytes(), test::compressed(channels, body)),
@@ -46,16 +40,17 @@ TEST(CompressedCloud, FloatColumnsAreRead) {
 }
 
 TEST(CompressedCloud, EachColumnGoesByItsOwnSize) {
-    const auto cloud =
-        load(CloudHeader(2).columns("x y z", "8 4 8", "F F F", "1 1 1"),
-             all({bytesOf<double>({1, 4}), bytesOf<float>({2, 5}), bytesOf<double>({3, 6})}));
+    const auto cloud = load(
+        CloudHeader(2).columns("x y z", "8 4 8", "F F F", "1 1 1"),
+        test::joined({bytesOf<double>({1, 4}), bytesOf<float>({2, 5}), bytesOf<double>({3, 6})}));
     EXPECT_EQ(test::values(cloud.points), kPoints);
 }
 
 TEST(CompressedCloud, NormalsGoByTheirOwnSizes) {
-    const auto cloud = load(
-        CloudHeader(2).columns("x y z nx ny nz", "8 8 8 4 8 4", "F F F F F F", "1 1 1 1 1 1"),
-        all({doubles(), bytesOf<float>({1, 4}), bytesOf<double>({2, 5}), bytesOf<float>({3, 6})}));
+    const auto cloud =
+        load(CloudHeader(2).columns("x y z nx ny nz", "8 8 8 4 8 4", "F F F F F F", "1 1 1 1 1 1"),
+             test::joined({doubles(), bytesOf<float>({1, 4}), bytesOf<double>({2, 5}),
+                           bytesOf<float>({3, 6})}));
     EXPECT_EQ(test::values(cloud.normals), kPoints);
 }
 
@@ -85,8 +80,8 @@ TEST(CompressedCloud, UnknownColumnsBetweenAreSteppedOver) {
     const auto cloud =
         load(CloudHeader(2).columns("x y z a rgb b nx ny nz", "8 8 8 1 4 3 8 8 8", "F",
                                     "1 1 1 1 1 1 1 1 1"),
-             all({doubles(), Bytes(2, 9), bytesOf<std::uint32_t>({0x010203, 0x040506}), Bytes(6, 9),
-                  doubles()}));
+             test::joined({doubles(), Bytes(2, 9), bytesOf<std::uint32_t>({0x010203, 0x040506}),
+                           Bytes(6, 9), doubles()}));
     EXPECT_EQ(test::values(cloud.points), kPoints);
     EXPECT_EQ(test::values(cloud.normals), kPoints);
     EXPECT_EQ(cloud.colorBytes(), (Bytes{3, 2, 1, 6, 5, 4}));
@@ -101,16 +96,17 @@ TEST(CompressedCloud, UnknownColumnsBehindAreSteppedOver) {
 TEST(CompressedCloud, GroupsMayComeInAnyOrder) {
     const auto cloud =
         load(CloudHeader(2).columns("rgb nx ny nz x y z", "4 8 8 8 8 8 8", "U", "1 1 1 1 1 1 1"),
-             all({bytesOf<std::uint32_t>({1, 2}), Bytes(48), doubles()}));
+             test::joined({bytesOf<std::uint32_t>({1, 2}), Bytes(48), doubles()}));
     EXPECT_EQ(test::values(cloud.points), kPoints);
     EXPECT_EQ(test::values(cloud.normals), Values(6, 0));
     EXPECT_EQ(cloud.colorBytes(), (Bytes{1, 0, 0, 2, 0, 0}));
 }
 
 TEST(CompressedCloud, FirstOfManyValuesIsRead) {
-    const auto cloud = load(CloudHeader(2).columns("t x y z", "2 8 4 8", "F F F F", "3 2 2 1"),
-                            all({Bytes(12, 9), bytesOf<double>({1, -1, 4, -4}),
-                                 bytesOf<float>({2, -2, 5, -5}), bytesOf<double>({3, 6})}));
+    const auto cloud =
+        load(CloudHeader(2).columns("t x y z", "2 8 4 8", "F F F F", "3 2 2 1"),
+             test::joined({Bytes(12, 9), bytesOf<double>({1, -1, 4, -4}),
+                           bytesOf<float>({2, -2, 5, -5}), bytesOf<double>({3, 6})}));
     EXPECT_EQ(test::values(cloud.points), kPoints);
 }
 

@@ -30,22 +30,21 @@ TEST(PointCloudHeader, WholeHeaderLoads) {
     EXPECT_EQ(test::values(cloud.points), (std::vector<double>{1, 2, 3, 4, 5, 6}));
 }
 
-TEST(PointCloudHeader, EachLineIsNeeded) {
-    for (const Line line : {&CloudHeader::fields, &CloudHeader::type, &CloudHeader::count,
-                            &CloudHeader::width, &CloudHeader::height, &CloudHeader::viewpoint,
-                            &CloudHeader::points, &CloudHeader::data}) {
-        CloudHeader header(2);
+TEST(PointCloudHeader, EachLineIsNeededThoughNothingElseIsWrong) {
+    for (const Line line : {&CloudHeader::fields, &CloudHeader::size, &CloudHeader::type,
+                            &CloudHeader::count, &CloudHeader::width, &CloudHeader::height,
+                            &CloudHeader::viewpoint, &CloudHeader::points, &CloudHeader::data}) {
+        CloudHeader header = CloudHeader(0).kind("ascii");
         const std::string without = header.*line;
-        (header.*line).clear();
+        // A SIZE line of other than a word for each field would stop the process.
         if (line == &CloudHeader::fields) header.size = "SIZE";
-        EXPECT_FALSE(loads(header)) << without;
+        (header.*line).clear();
+        EXPECT_FALSE(test::loadBytes(header.bytes()).isLoaded) << without;
     }
 }
 
-TEST(PointCloudHeader, SizeLineIsNeeded) {
-    CloudHeader header(2);
-    header.size.clear();
-    EXPECT_FALSE(loads(header));
+TEST(PointCloudHeader, CloudOfNoPointsNeedsNoBody) {
+    EXPECT_TRUE(test::loadBytes(CloudHeader(0).kind("ascii").bytes()).isLoaded);
 }
 
 TEST(PointCloudHeader, VersionLineIsNotNeeded) {
@@ -111,9 +110,34 @@ TEST(PointCloudHeader, NegativePointsAreRefused) {
     EXPECT_FALSE(loads(CloudHeader(-2).kind("binary")));
 }
 
-TEST(PointCloudHeader, NegativeSizeOrCountIsRefused) {
-    EXPECT_FALSE(loads(CloudHeader(2).columns("x y z", "8 8 -8", "F F F", "1 1 1")));
-    EXPECT_FALSE(loads(CloudHeader(2).columns("x y z", "8 8 8", "F F F", "1 1 -1")));
+TEST(PointCloudHeader, NegativeSizeOrCountIsRefusedEvenWhereItIsNotConsulted) {
+    const auto header = [](const char* sizes, const char* counts) {
+        return CloudHeader(2).columns("x y z", sizes, "F F F", counts).kind("ascii");
+    };
+    EXPECT_TRUE(loads(header("8 8 0", "1 1 0")));
+    EXPECT_FALSE(loads(header("8 8 -8", "1 1 1")));
+    EXPECT_FALSE(loads(header("8 8 8", "1 1 -1")));
+}
+
+TEST(PointCloudHeader, TypeLineMayComeBeforeTheFields) {
+    CloudHeader header(2);
+    std::swap(header.version, header.type);
+    EXPECT_TRUE(loads(header));
+}
+
+TEST(PointCloudHeader, CountLineBeforeTheFieldsGivesThemNoValues) {
+    CloudHeader header(2);
+    std::swap(header.version, header.count);
+    EXPECT_FALSE(loads(header));
+    EXPECT_TRUE(loads(header.kind("ascii")));
+}
+
+TEST(PointCloudHeader, NegativePointsAreNotMadeGoodByALaterLine) {
+    CloudHeader header(2);
+    header.version = "POINTS -1";
+    EXPECT_FALSE(loads(header));
+    header.version = "POINTS 1";
+    EXPECT_TRUE(loads(header));
 }
 
 TEST(PointCloudHeader, TypeLineMayBeShort) {

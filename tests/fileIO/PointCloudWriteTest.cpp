@@ -258,3 +258,20 @@ TEST(PointCloudWriting, InputsStayAsTheyAre) {
     EXPECT_EQ(colors.data, pixels);
     EXPECT_EQ(cv::norm(colors, test::goldenColors(3), cv::NORM_INF), 0);
 }
+
+/// The worked bytes of docs/formats/point-cloud.md.
+TEST(PointCloudWriting, TwoColouredPointsAreTheBytesThatTheDocumentsShow) {
+    const Saved saved = saveColors(kTwoPoints, test::colorRow({1, 128, 255, 255, 0, 0}, 3));
+    const CloudParts parts = saved.parts();
+    EXPECT_EQ(parts.header.size(), 226U);
+    EXPECT_EQ(parts.channels, 3U);
+    EXPECT_EQ(parts.streamSize, 38U);
+    EXPECT_EQ(parts.bodySize, 56U);
+    EXPECT_EQ(parts.body(),
+              (Bytes{
+                  0,    0,    0,    0,    0,    0, 0xF0, 0x3F, 0, 0, 0, 0, 0, 0, 0x10, 0x40,  // x
+                  0,    0,    0,    0,    0,    0, 0x00, 0x40, 0, 0, 0, 0, 0, 0, 0x14, 0x40,  // y
+                  0,    0,    0,    0,    0,    0, 0x08, 0x40, 0, 0, 0, 0, 0, 0, 0x18, 0x40,  // z
+                  0x01, 0x80, 0xFF, 0xFF, 0xFF, 0, 0,    0xFF,                                // rgb
+              }));
+}

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "support/Clouds.h"
+#include "support/Held.h"
 #include "support/ZyrValues.h"
 
 namespace {
@@ -236,6 +237,13 @@ TEST(ZyrPointCloudArray, ClearEmptiesTheListAndLeavesTheClouds) {
     EXPECT_EQ(cloud.Length(), 1);
     list.Append(cloud);
     EXPECT_EQ(ids(list), (Ids{1}));
+}
+
+TEST(ZyrPointCloudArray, ClearGivesTheMemoryBack) {
+    ZyrPointCloudArray list = listOf({1, 2, 3});
+    EXPECT_GE(test::held<std::vector<ZyrPointCloud>>(list).capacity(), 3U);
+    list.Clear();
+    EXPECT_EQ(test::held<std::vector<ZyrPointCloud>>(list).capacity(), 0U);
 }
 
 TEST(ZyrPointCloudArray, IndexGivesTheElementItself) {

@@ -168,6 +168,18 @@ TEST(CloudPath, WideFormsDoAsTheNarrowOnes) {
     EXPECT_TRUE(cloud.IsValidNormal() && !cloud.IsValidColor());
 }
 
+TEST(CloudPath, WideSaveTakesTheNormalsFlagFirstToo) {
+    const TempFolder folder;
+    const std::wstring path = wide(folder.path("a.zpt"));
+    ZyrPointCloud whole = test::fullCloud(2), cloud;
+    EXPECT_TRUE(whole.Save(path.c_str(), true, false));
+    EXPECT_TRUE(cloud.Load(path.c_str(), true, true));
+    EXPECT_TRUE(cloud.IsValidNormal() && !cloud.IsValidColor());
+    EXPECT_TRUE(whole.Save(path.c_str(), false, true));
+    EXPECT_TRUE(cloud.Load(path.c_str(), true, true));
+    EXPECT_TRUE(!cloud.IsValidNormal() && cloud.IsValidColor());
+}
+
 TEST(CloudPath, WideFormsGoByTheSuffixToo) {
     const TempFolder folder;
     EXPECT_FALSE(test::fullCloud(2).Save(wide(folder.path("a.pcd")).c_str(), true, true));

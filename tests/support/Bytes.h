@@ -40,12 +40,15 @@ T valueAt(const Bytes& bytes, std::size_t offset) {
     return value;
 }
 
-inline Bytes joined(const Bytes& first, const Bytes& second) {
+inline Bytes joined(const std::vector<Bytes>& parts) {
     Bytes bytes;
-    bytes.reserve(first.size() + second.size());
-    for (const Bytes* part : {&first, &second})
-        for (const unsigned char byte : *part) bytes.push_back(byte);
+    for (const Bytes& part : parts)
+        for (const unsigned char byte : part) bytes.push_back(byte);
     return bytes;
+}
+
+inline Bytes joined(const Bytes& first, const Bytes& second) {
+    return joined(std::vector<Bytes>{first, second});
 }
 
 /// A copy whose storage is exactly the bytes, so that the address sanitizer sees any step beyond.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "Program.h"
+#include "support/Npy.h"
 #include "support/ZyrValues.h"
 
 namespace {
@@ -15,6 +16,12 @@ std::vector<double> patch() {
     for (int y = 0; y < 20; ++y)
         for (int x = 0; x < 30; ++x) values.insert(values.end(), {1.0 * x, 1.0 * y, 0.1 * x});
     return values;
+}
+
+/// The number that a text starts with; commas group its digits.
+double number(std::string text) {
+    text.erase(std::remove(text.begin(), text.end(), ','), text.end());
+    return std::stod(text);
 }
 
 class CloudDemo : public test::Tool {
@@ -113,7 +120,7 @@ TEST_F(CloudDemo, FileOfSeveralRowsHasAGridWithNormals) {
         for (float x : {0.0F, 1.0F, 2.0F, 3.0F})
             for (float value : {x, y, 9.0F})
                 body.append(reinterpret_cast<const char*>(&value), sizeof value);
-    test::writeFile(path("in.zpt"),
+    test::writeText(path("in.zpt"),
                     "FIELDS x y z\nSIZE 4 4 4\nTYPE F F F\nCOUNT 1 1 1\nWIDTH 4\nHEIGHT 3\n"
                     "VIEWPOINT 0 0 0 1 0 0 0\nPOINTS 12\nDATA binary\n" +
                         body);
@@ -122,27 +129,82 @@ TEST_F(CloudDemo, FileOfSeveralRowsHasAGridWithNormals) {
 }
 
 TEST_F(CloudDemo, CloudWithoutPointsIsFileTrouble) {
-    test::writeFile(path("in.zpt"),
+    test::writeText(path("in.zpt"),
                     "FIELDS x y z\nSIZE 4 4 4\nTYPE F F F\nCOUNT 1 1 1\nWIDTH 0\nHEIGHT 1\n"
                     "VIEWPOINT 0 0 0 1 0 0 0\nPOINTS 0\nDATA binary\n");
     expectTrouble(run("demo in.zpt"), 3, "in.zpt: holds no points");
 }
 
 TEST_F(CloudDemo, HeaderThatWouldStopTheLibraryIsFileTrouble) {
-    test::writeFile(path("in.zpt"), std::string(33, 'w') + "\n");
+    test::writeText(path("in.zpt"), std::string(33, 'w') + "\n");
     expectTrouble(run("demo in.zpt"), 3, "in.zpt: line 1: a word of more than 32 characters");
 }
 
+TEST_F(CloudDemo, CutFileIsFileTrouble) {
+    save(patch());
+    const std::string whole = test::readText(path("in.zpt"));
+    test::writeText(path("cut.zpt"), whole.substr(0, whole.size() - 1));
+    expectTrouble(run("demo cut.zpt -o d"), 3, "cut.zpt: its body is cut short");
+    EXPECT_FALSE(test::fileExists(path("d/demo.zpt")));
+}
+
+TEST_F(CloudDemo, InputIsNotOverwritten) {
+    save(patch());
+    std::filesystem::create_directory(path("d"));
+    std::filesystem::rename(path("in.zpt"), path("d/demo.zpt"));
+    const std::string before = test::readText(path("d/demo.zpt"));
+    expectTrouble(run("demo d/demo.zpt -o d"), 3, "d/demo.zpt: would be overwritten");
+    expectTrouble(run("demo ./d/../d/demo.zpt -o d"), 3, "would be overwritten");
+    EXPECT_EQ(test::readText(path("d/demo.zpt")), before);
+    EXPECT_EQ(run("demo d/demo.zpt -o other").exitCode, 0);
+}
+
+TEST_F(CloudDemo, TableTellsRawBytesAndBytesOnDisk) {
+    save(patch(), 3);
+    const test::Result result = run("demo in.zpt -o d");
+    const std::size_t disk = test::readText(path("d/demo.zpt")).size();
+    EXPECT_EQ(row(result, "bytes raw"), "16,800");  // 600 points of 24 + 4
+    const std::string figures = row(result, "bytes on disk");
+    EXPECT_EQ(number(figures), static_cast<double>(disk)) << figures;
+    EXPECT_NEAR(number(figures.substr(figures.find(' '))),
+                100.0 * static_cast<double>(disk) / 16800, 0.051);
+}
+
+TEST_F(CloudDemo, TableTellsTheTimeOfEachStep) {
+    save(patch());
+    const test::Result result = run("demo in.zpt -o d");
+    EXPECT_EQ(row(result, "step"), "ms  ns a point");
+    for (const char* step : {"build", "save", "load"}) {
+        const std::string figures = row(result, step);
+        const double ms = number(figures), perPoint = number(figures.substr(figures.find(' ')));
+        EXPECT_GE(ms, 0.0) << figures;
+        EXPECT_LT(ms, 60000.0) << figures;
+        EXPECT_GT(perPoint, 0.0) << figures;
+        // Milliseconds are rounded to a hundredth, which 600 points share.
+        EXPECT_NEAR(perPoint, ms * 1e6 / 600, 0.005e6 / 600 + 0.1) << figures;
+    }
+}
+
 TEST_F(CloudDemo, RealScanComesBackBitForBit) {
-    const std::string scan = test::readFile(ZYR_DATA_DIR "/cloud_rs1/xyz.npy");
-    if (scan.empty()) GTEST_SKIP() << "no data folder";
-    const std::size_t start = scan.size() - std::size_t{289541} * 24;
-    std::vector<double> values(std::size_t{289541} * 3);
-    std::memcpy(values.data(), scan.data() + start, values.size() * sizeof(double));
+    const std::string scan = ZYR_DATA_DIR "/cloud_rs1/xyz.npy";
+    std::vector<double> values = test::readNpy<double>(scan, "<f8");
+    if (values.empty()) GTEST_SKIP() << "no data folder";
     save(values);
     const test::Result result = run("demo in.zpt -o d");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(row(result, "points"), "289,541");
+    const ZyrPointCloud before = load("in.zpt"), after = load("d/demo.zpt");
+    ASSERT_EQ(before.Length(), 289541);
+    ASSERT_EQ(after.Length(), 289541);
+    int dropped = 0, changed = 0;
+    for (int i = 0; i < before.Length(); ++i) {
+        ZyrVector3d from = before.Point(i), to = after.Point(i);
+        const bool isDropped = from.IsValid() && !to.IsValid();
+        dropped += isDropped;
+        changed += !isDropped && std::memcmp(&from, &to, sizeof from) != 0;
+    }
+    EXPECT_EQ(changed, 0);
+    EXPECT_EQ(number(row(result, "outliers dropped")), dropped);
 }
 
 }  // namespace

@@ -12,54 +12,30 @@ using test::kInvalid;
 
 class DemoCommand : public test::Tool {};
 
-TEST_F(DemoCommand, DefaultFrameComesBackBitForBit) {
-    const test::Result result = run("demo");
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.err, "");
-    EXPECT_NE(result.out.find("Every value came back bit for bit."), std::string::npos);
-    EXPECT_EQ(row(result, "points"), "307,200");
-}
-
-TEST_F(DemoCommand, DefaultFrameHasTheFaultsOfItsSensor) {
-    const test::Result result = run("demo -o d");
-    const ZyrPointCloud cloud = load("d/demo.zpt");
+void expectFaultsOfASensor(const ZyrPointCloud& cloud, int dropped) {
     const double share = cloud.NumValidPoints() / 307200.0;
     EXPECT_GT(share, 0.8);
     EXPECT_LT(share, 0.95);
-    EXPECT_GT(std::stoi(row(result, "outliers dropped")), 100);
+    EXPECT_GT(dropped, 100);
     EXPECT_TRUE(cloud.IsValidColor());
     EXPECT_TRUE(cloud.IsValidNormal());
 }
 
-TEST_F(DemoCommand, DefaultFrameIsTheSameEachTime) {
-    run("demo -o first");
-    run("demo -o second");
-    EXPECT_FALSE(test::readFile(path("first/demo.zpt")).empty());
-    EXPECT_EQ(test::readFile(path("first/demo.zpt")), test::readFile(path("second/demo.zpt")));
-    EXPECT_EQ(test::readFile(path("first/demo.png")), test::readFile(path("second/demo.png")));
-}
-
-TEST_F(DemoCommand, PlateOfTheDefaultFrameLiesAtHeightZeroWithNormalsUp) {
-    run("demo -o d");
-    ZyrPointCloud cloud = load("d/demo.zpt");
+void expectPlateAtHeightZeroWithNormalsUp(const ZyrPointCloud& cloud) {
     int plate = 0, isFlat = 0, isUp = 0;
-    for (int row = 10; row < 20; ++row)
-        for (int column = 0; column < 640; ++column) {
-            const int i = row * 640 + column;
-            if (!cloud[i].IsValid() || !cloud.Normal(i).IsValid()) continue;
-            ++plate;
-            isFlat += std::abs(cloud[i].z) < 0.2;
-            isUp += cloud.Normal(i).z > 0.95;
-        }
+    for (int i = 10 * 640; i < 20 * 640; ++i) {
+        if (!cloud[i].IsValid() || !cloud.Normal(i).IsValid()) continue;
+        ++plate;
+        isFlat += std::abs(cloud[i].z) < 0.2;
+        isUp += cloud.Normal(i).z > 0.95;
+    }
     EXPECT_GT(plate, 4000);
     EXPECT_GT(isFlat, plate * 9 / 10);
     EXPECT_GT(isUp, plate * 8 / 10);
 }
 
-TEST_F(DemoCommand, PictureShowsManyColoursAndDarkHoles) {
-    run("demo -o d");
-    const cv::Mat picture = cv::imread(path("d/demo.png"));
-    EXPECT_EQ(picture.size(), cv::Size(1464, 596));
+void expectManyColoursAndDarkHoles(const cv::Mat& picture) {
+    ASSERT_EQ(picture.size(), cv::Size(1464, 596));
     const cv::Mat heights = picture(cv::Rect(28, 72, 640, 480));
     cv::Scalar mean, deviation;
     cv::meanStdDev(heights, mean, deviation);
@@ -68,6 +44,27 @@ TEST_F(DemoCommand, PictureShowsManyColoursAndDarkHoles) {
     cv::Mat isDark;
     cv::inRange(heights, cv::Scalar(0, 0, 0), cv::Scalar(24, 24, 24), isDark);
     EXPECT_GT(cv::countNonZero(isDark), 640 * 480 / 20);
+}
+
+// A run takes seconds, and each test is a process of its own: all facts about the frame in one.
+TEST_F(DemoCommand, DefaultFrameComesBackBitForBitAndIsASensorsAndIsTheSameEachTime) {
+    const test::Result result = run("demo");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_NE(result.out.find("Every value came back bit for bit."), std::string::npos);
+    EXPECT_EQ(row(result, "points"), "307,200");
+
+    const ZyrPointCloud cloud = load("zyr3d-demo/demo.zpt");
+    ASSERT_EQ(cloud.Length(), 307200);
+    expectFaultsOfASensor(cloud, std::stoi(row(result, "outliers dropped")));
+    expectPlateAtHeightZeroWithNormalsUp(cloud);
+    expectManyColoursAndDarkHoles(cv::imread(path("zyr3d-demo/demo.png")));
+
+    run("demo -o second");
+    for (const std::string name : {"demo.zpt", "demo.png"})
+        EXPECT_TRUE(test::readText(path("zyr3d-demo/" + name)) ==
+                    test::readText(path("second/" + name)))
+            << name;
 }
 
 /// A wall that stands 1 m in front of the camera, with a hole and one flying pixel.
@@ -177,18 +174,18 @@ TEST_F(DepthDemo, PictureOfEightBitsIsFileTrouble) {
 }
 
 TEST_F(DepthDemo, CutPictureIsFileTrouble) {
-    const std::string bytes = test::readFile(path("depth.png"));
+    const std::string bytes = test::readText(path("depth.png"));
     for (std::size_t length :
          {std::size_t{0}, std::size_t{7}, std::size_t{30}, bytes.size() - 20}) {
-        test::writeFile(path("cut.png"), bytes.substr(0, length));
+        test::writeText(path("cut.png"), bytes.substr(0, length));
         expectTrouble(run("demo cut.png"), 3, "cut.png: not a picture");
     }
 }
 
 TEST_F(DepthDemo, HugePictureIsRefusedByItsHeader) {
-    std::string bytes = test::readFile(path("depth.png"));
+    std::string bytes = test::readText(path("depth.png"));
     bytes.replace(16, 8, std::string("\x7F\xFF\xFF\xFF\x7F\xFF\xFF\xFF", 8));
-    test::writeFile(path("huge.png"), bytes);
+    test::writeText(path("huge.png"), bytes);
     expectTrouble(run("demo huge.png"), 3, "huge.png: over 64 megapixels");
 }
 

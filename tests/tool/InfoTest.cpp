@@ -22,7 +22,7 @@ const std::string kBody(24, '\0');
 class InfoCommand : public test::Tool {
 protected:
     test::Result infoOf(const std::string& bytes) const {
-        test::writeFile(path("in.zpt"), bytes);
+        test::writeText(path("in.zpt"), bytes);
         return run("info in.zpt");
     }
 
@@ -58,7 +58,7 @@ TEST_F(InfoCommand, TellsFieldsAndBytes) {
     EXPECT_EQ(row(result, "normals"), "yes");
     EXPECT_EQ(row(result, "body"), "binary_compressed");
     EXPECT_EQ(row(result, "bytes raw"), "156");
-    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readFile(path("in.zpt")).size()));
+    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readText(path("in.zpt")).size()));
 }
 
 TEST_F(InfoCommand, TellsTheChannelsOfColours) {
@@ -91,14 +91,14 @@ TEST_F(InfoCommand, CutBodyIsADifference) {
 
 TEST_F(InfoCommand, CutCompressedBodyIsADifference) {
     saveKnown(3, true);
-    std::string bytes = test::readFile(path("in.zpt"));
+    std::string bytes = test::readText(path("in.zpt"));
     bytes.pop_back();
     expectTrouble(infoOf(bytes), 1, "in.zpt: cut short");
 }
 
 TEST_F(InfoCommand, WorstOfSeveralFilesDecides) {
     saveKnown(3, true);
-    test::writeFile(path("cut.zpt"), header());
+    test::writeText(path("cut.zpt"), header());
     EXPECT_EQ(run("info in.zpt cut.zpt in.zpt").exitCode, 1);
     EXPECT_EQ(run("info none.zpt cut.zpt in.zpt").exitCode, 3);
 }
@@ -151,7 +151,7 @@ TEST_F(InfoCommand, ContradictionsAreFileTrouble) {
 TEST_F(InfoCommand, WhatIsNoCloudFileIsFileTrouble) {
     std::filesystem::create_directory(path("folder.zpt"));
     ASSERT_EQ(mkfifo(path("pipe.zpt").c_str(), 0600), 0);
-    test::writeFile(path("in.txt"), header() + kBody);
+    test::writeText(path("in.txt"), header() + kBody);
     expectTrouble(run("info none.zpt"), 3, "none.zpt: no such file");
     expectTrouble(run("info folder.zpt"), 3, "folder.zpt: not a regular file");
     expectTrouble(run("info pipe.zpt"), 3, "pipe.zpt: not a regular file");
@@ -160,7 +160,7 @@ TEST_F(InfoCommand, WhatIsNoCloudFileIsFileTrouble) {
 
 TEST_F(InfoCommand, NoMutationOfAFileStopsTheProgram) {
     saveKnown(3, true);
-    const test::Result result = runInfoOnMutations(test::readFile(path("in.zpt")), "zpt");
+    const test::Result result = runInfoOnMutations(test::readText(path("in.zpt")), "zpt");
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_NE((result.out + result.err).find("299.zpt"), std::string::npos);
 }

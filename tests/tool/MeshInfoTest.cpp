@@ -17,7 +17,7 @@ std::string header(const std::string& keyword = "", const std::string& line = ""
 class MeshInfo : public test::Tool {
 protected:
     test::Result infoOf(const std::string& bytes) const {
-        test::writeFile(path("in.ztmt"), bytes);
+        test::writeText(path("in.ztmt"), bytes);
         return run("info in.ztmt");
     }
 
@@ -61,7 +61,7 @@ TEST_F(MeshInfo, TellsListsChannelsAndBytes) {
     EXPECT_EQ(row(result, "triangle colours"), "4 channels");
     EXPECT_EQ(row(result, "body"), "binary_compressed");
     EXPECT_EQ(row(result, "bytes raw"), "288");  // 4 * 52 + 2 * 40
-    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readFile(path("in.ztmt")).size()));
+    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readText(path("in.ztmt")).size()));
 }
 
 TEST_F(MeshInfo, TellsWhichListsAreMissing) {
@@ -74,7 +74,7 @@ TEST_F(MeshInfo, TellsWhichListsAreMissing) {
 
 TEST_F(MeshInfo, CutBodyIsADifference) {
     saveKnown(true);
-    std::string bytes = test::readFile(path("in.ztmt"));
+    std::string bytes = test::readText(path("in.ztmt"));
     bytes.pop_back();
     expectTrouble(infoOf(bytes), 1, "in.ztmt: cut short");
 }
@@ -104,7 +104,7 @@ TEST_F(MeshInfo, WhatIsNoRegularFileIsFileTrouble) {
 
 TEST_F(MeshInfo, NoMutationOfAFileStopsTheProgram) {
     saveKnown(true);
-    const test::Result result = runInfoOnMutations(test::readFile(path("in.ztmt")), "ztmt");
+    const test::Result result = runInfoOnMutations(test::readText(path("in.ztmt")), "ztmt");
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_NE((result.out + result.err).find("299.ztmt"), std::string::npos);
 }

@@ -1,29 +1,28 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <opencv2/imgcodecs.hpp>
 #include <random>
 #include <string>
 
 #include "ZyrPointCloud.h"
+#include "support/Bytes.h"
+#include "support/TempFolder.h"
 
 namespace test {
 
-inline std::string readFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+inline std::string readText(const std::string& path) {
+    const Bytes bytes = readFile(path);
+    return std::string(bytes.begin(), bytes.end());
 }
 
-inline void writeFile(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
+inline void writeText(const std::string& path, const std::string& text) {
+    writeFile(path, toBytes(text));
 }
 
 struct Result {
@@ -34,22 +33,15 @@ struct Result {
 /// Runs the program in a fresh folder that goes away afterwards.
 class Tool : public testing::Test {
 protected:
-    Tool() {
-        std::string name = (std::filesystem::temp_directory_path() / "zyr3d-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        folder_ = name;
-    }
-    ~Tool() override { std::filesystem::remove_all(folder_); }
-
-    std::string path(const std::string& name) const { return folder_ + "/" + name; }
+    std::string path(const std::string& name) const { return folder_.path(name); }
 
     /// The arguments are words for the shell; before them the shell may be prepared.
     Result run(const std::string& arguments, const std::string& preparation = "true") const {
-        const std::string command = "cd " + folder_ + " && " + preparation + "; " ZYR_TOOL " " +
+        const std::string command = "cd " + path(".") + " && " + preparation + "; " ZYR_TOOL " " +
                                     arguments + " >out.txt 2>err.txt";
         const int status = std::system(command.c_str());
         const int exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-        return {exitCode, readFile(path("out.txt")), readFile(path("err.txt"))};
+        return {exitCode, readText(path("out.txt")), readText(path("err.txt"))};
     }
 
     /// What stands behind a label in a table.
@@ -82,7 +74,7 @@ protected:
                 if (at < bytes.size()) bytes[at] = spice[random() % 10];
             }
             const std::string name = std::to_string(i) + "." + suffix;
-            writeFile(path(name), bytes);
+            writeText(path(name), bytes);
             names += " " + name;
         }
         return run("info" + names);
@@ -95,7 +87,7 @@ protected:
     }
 
 private:
-    std::string folder_;
+    const TempFolder folder_;
 };
 
 }  // namespace test

@@ -8,11 +8,11 @@ namespace {
 class RangeInfo : public test::Tool {
 protected:
     static std::string golden(const std::string& name) {
-        return test::readFile(ZYR_GOLDEN_DIR "/rangeimage/" + name);
+        return test::readText(ZYR_GOLDEN_DIR "/rangeimage/" + name);
     }
 
     test::Result infoOf(const std::string& bytes, const std::string& name = "in.zrt") const {
-        test::writeFile(path(name), bytes);
+        test::writeText(path(name), bytes);
         return run("info " + name);
     }
 };
@@ -103,7 +103,7 @@ TEST_F(RangeInfo, WhatIsNoPictureIsFileTrouble) {
 
 TEST_F(RangeInfo, HugePictureIsRefusedByItsHeader) {
     cv::imwrite(path("in.png"), cv::Mat(4, 5, CV_16UC1, cv::Scalar(7)));
-    std::string bytes = test::readFile(path("in.png"));
+    std::string bytes = test::readText(path("in.png"));
     bytes.replace(16, 8, std::string("\x7F\xFF\xFF\xFF\x7F\xFF\xFF\xFF", 8));
     expectTrouble(infoOf(bytes, "in.png"), 3, "in.png: over 64 megapixels");
 }
@@ -112,7 +112,7 @@ TEST_F(RangeInfo, NoMutationOfAFileStopsTheProgram) {
     EXPECT_EQ(runInfoOnMutations(golden("type2_bgr.zrt"), "zrt").exitCode, 3);
     for (const std::string suffix : {"png", "jpg", "bmp", "tif"}) {
         cv::imwrite(path("in." + suffix), cv::Mat(16, 16, CV_8UC1, cv::Scalar(90)));
-        EXPECT_EQ(runInfoOnMutations(test::readFile(path("in." + suffix)), suffix).exitCode, 3)
+        EXPECT_EQ(runInfoOnMutations(test::readText(path("in." + suffix)), suffix).exitCode, 3)
             << suffix;
     }
 }
