@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
 #include "support/MatrixLimit.h"
@@ -67,6 +68,15 @@ TEST_F(RangeImageFileWrite, FloatsWithoutColorsTakeTheirBlockAnd76Bytes) {
     const Bytes bytes = test::readFile(path_);
     EXPECT_EQ(bytes.size(), 68 + 4 + file.valueStream.size() + 4);
     EXPECT_EQ(test::valueAt<std::int32_t>(bytes, bytes.size() - 4), 0);
+}
+
+TEST_F(RangeImageFileWrite, FileEndsWithTheColorBlock) {
+    Stores stores = sample();
+    stores.colors = colorGrid(2, 3, 3);
+    const RangeFile file = written(stores, true);
+    ASSERT_FALSE(file.colorStream.empty());
+    EXPECT_EQ(test::readFile(path_).size(),
+              72 + file.valueStream.size() + 4 + file.colorStream.size());
 }
 
 TEST_F(RangeImageFileWrite, DoesNotStoreTheValueRange) {
