@@ -3,6 +3,7 @@
 #include <array>
 #include <filesystem>
 
+#include "fileIO/RangeImageFile.h"
 #include "support/MatrixLimit.h"
 #include "support/RangeFile.h"
 #include "support/TempFolder.h"
@@ -169,6 +170,11 @@ TEST_F(RangeImageFileWrite, RefusesValuesOfAnotherTypeBeforeCreatingTheFile) {
     const std::array<int, 3> sizes = {2, 2, 2};
     stores.values = cv::Mat(3, sizes.data(), CV_8U, cv::Scalar(0));
     EXPECT_TRUE(isRefused(stores, false));
+}
+
+TEST_F(RangeImageFileWrite, BlocksOf2GiBDoNotFitTheirSizeWord) {
+    EXPECT_TRUE(zyr::fitsRangeBlock(0x7FFFFFFF));
+    EXPECT_FALSE(zyr::fitsRangeBlock(0x80000000));
 }
 
 TEST_F(RangeImageFileWrite, RefusesAPathThatCannotBeOpened) {
