@@ -102,10 +102,12 @@ public:
     /// On success the file stays open, until the process ends: callers rely on it. Whoever loads
     /// many files needs a descriptor for each.
     ///
-    /// False when the file can't be opened, starts with a byte 0xFF, is cut short, or has a block
-    /// that does not decode to exactly width * height elements, or colours of other than 1, 3 or 4
-    /// channels. Even then resolutionX and resolutionY are 1.0 and offsetZ is 0.0 afterwards; all
-    /// else is as it was, and the file is closed.
+    /// False when the file can't be opened, starts with a byte 0xFF, is cut short, or has a width
+    /// or height below 1, a block that does not decode to exactly width * height elements, or
+    /// colours of other than 1, 3 or 4 channels, and when memory runs out. Only blocks that are
+    /// wanted count, and the values of an unknown type as not wanted, save that they must be there.
+    /// Even then resolutionX and resolutionY are 1.0 and offsetZ is 0.0 afterwards; all else is as
+    /// it was, and the file is closed.
     static bool LoadRangeImage(cv::Mat& values, cv::Mat& colors, const char* path, double& minValue,
                                double& maxValue, double& resolutionX, double& resolutionY,
                                double& resolutionZ, double& offsetX, double& offsetY,

@@ -14,7 +14,8 @@
 /// divided by 3; a remainder is ignored.
 ///
 /// Lists are shared on copy, assignment and by the setters, and every change in place is seen by
-/// all who share. That goes for clearing too, save for colours: who shares those keeps them.
+/// all who share. That goes for clearing and Append too, save for colours: who shares those keeps
+/// them as they are.
 /// Assignment first clears the target's lists in place, and so empties them for whoever shares
 /// them; assigning a mesh to itself leaves it empty. DeepCopy and its siblings give lists of one's
 /// own. An index out of range does nothing and leaves outputs untouched.
@@ -50,6 +51,7 @@ public:
     int NumVertices() const;
     int NumTriangles() const;
     /// Whether there are as many as vertices or triangles, which holds for none of none too.
+    /// Colours count by rows times columns here, while Save counts the columns alone.
     bool IsValidVertexColor() const;
     bool IsValidVertexNormal() const;
     bool IsValidTriangleColor() const;
@@ -103,8 +105,8 @@ public:
     /// Appends the other's vertices and its triangles, with indices shifted by this mesh's number
     /// of vertices (wrapping around, whatever they are). Each attribute list travels only when it
     /// counts as present in both meshes before the call; else it stays as it is. True when all four
-    /// do. Colours of another channel count stay behind all the same, as ZyrColorArray::Append has
-    /// it. A mesh may be appended to itself.
+    /// do. Colours of another channel count or of more than one row stay behind all the same, as
+    /// ZyrColorArray::Append has it, without a say in the result. A mesh may be appended to itself.
     bool Append(const ZyrTriangleMesh& other);
 
     /// Replaces the mesh by a file's, as Zyr3DFileIO::LoadTriangleMesh reads it. The suffix must be

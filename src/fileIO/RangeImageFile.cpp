@@ -1,7 +1,6 @@
 #include "fileIO/RangeImageFile.h"
 
 #include <cstdint>
-#include <limits>
 #include <opencv2/core.hpp>
 #include <optional>
 #include <vector>
@@ -50,10 +49,6 @@ Buffer compressRows(const cv::Mat& mat) {
     return stream;
 }
 
-bool fitsSizeWord(const Buffer& stream) {
-    return stream.size() <= std::numeric_limits<std::int32_t>::max();
-}
-
 Head headOf(const RangeImageParts& image, const Buffer& values) {
     return {1,
             image.values.type(),
@@ -75,7 +70,7 @@ bool saveRangeImage(const RangeImageParts& image, const char* path, bool withCol
     const bool writesColors =
         withColors && isColorGrid(image.colors) && image.colors.total() == image.values.total();
     const Buffer colors = writesColors ? compressRows(image.colors) : Buffer(0);
-    if (!fitsSizeWord(values) || !fitsSizeWord(colors)) return false;
+    if (!fitsRangeBlock(values.size()) || !fitsRangeBlock(colors.size())) return false;
 
     File file = openFile(path, "wb");
     if (file == nullptr) return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <clocale>
 #include <memory>
 #include <opencv2/imgcodecs.hpp>
 #include <vector>
@@ -11,6 +12,23 @@
 namespace zyr::codec {
 
 using namespace cv;
+
+/// Puts the calling thread under the C locale, since OpenCV compares suffixes under the thread's.
+class ClassicLocale {
+public:
+    ClassicLocale()
+        : classic_(newlocale(LC_ALL_MASK, "C", nullptr)), previous_(uselocale(classic_)) {}
+    ~ClassicLocale() {
+        uselocale(previous_);
+        if (classic_ != nullptr) freelocale(classic_);
+    }
+    ClassicLocale(const ClassicLocale&) = delete;
+    ClassicLocale& operator=(const ClassicLocale&) = delete;
+
+private:
+    locale_t classic_;
+    locale_t previous_;
+};
 
 // Called with Wide(), the first of two overloads is taken where its body compiles.
 struct Narrow {};
@@ -34,7 +52,9 @@ auto writeImage(const Path& path, const cv::Mat& image, Wide /*rank*/)
 
 template <class Path>
 bool writeImage(const Path& path, const cv::Mat& image, Narrow /*rank*/) {
-    return cv::imwrite(std::unique_ptr<char[]>(Zyr3DInner::wchar2char(path)).get(), image);
+    const std::unique_ptr<char[]> narrow(Zyr3DInner::wchar2char(path));
+    const ClassicLocale locale;  // behind the conversion, which goes by the user's
+    return cv::imwrite(narrow.get(), image);
 }
 
 }  // namespace zyr::codec

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <clocale>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -38,23 +37,6 @@ bool isImagePath(const wchar_t* path) {
 std::unique_ptr<wchar_t[]> widen(const char* path) {
     return std::unique_ptr<wchar_t[]>(Zyr3DInner::char2wchar(path));
 }
-
-/// Puts the calling thread under the C locale, since OpenCV compares suffixes under the thread's.
-class ClassicLocale {
-public:
-    ClassicLocale()
-        : classic_(newlocale(LC_ALL_MASK, "C", nullptr)), previous_(uselocale(classic_)) {}
-    ~ClassicLocale() {
-        uselocale(previous_);
-        freelocale(classic_);
-    }
-    ClassicLocale(const ClassicLocale&) = delete;
-    ClassicLocale& operator=(const ClassicLocale&) = delete;
-
-private:
-    locale_t classic_;
-    locale_t previous_;
-};
 
 /// One channel of the stored depth; empty when it can't be read.
 cv::Mat readValues(const wchar_t* path) try {
@@ -113,7 +95,6 @@ bool ZyrRangeImage::Load(const char* path, double resolutionZ, double offsetZ) {
 
 bool ZyrRangeImage::Save(const wchar_t* path) try {
     if (Width() < 1 || !isImagePath(path)) return false;
-    const ClassicLocale locale;
     return zyr::codec::writeImage(path, imageOf(*block_), zyr::codec::Wide());
 } catch (...) {
     return false;

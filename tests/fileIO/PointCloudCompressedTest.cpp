@@ -206,6 +206,12 @@ TEST(CompressedCloud, ReferenceBeforeTheBodyIsRefused) {
                      .isLoaded);
 }
 
+TEST(CompressedCloud, ReferenceBeforeTheBodyIsRefusedInACutFileToo) {
+    Bytes file = test::joined(CloudHeader(2).bytes(), test::compressed(1, {7 << 5, 39, 0}, 48));
+    file[CloudHeader(2).bytes().size() + 4] = 100;
+    EXPECT_FALSE(test::loadBytes(file).isLoaded);
+}
+
 TEST(CompressedCloud, StatedStreamSizeBeyondTheFileGivesWhatIsThere) {
     Bytes file = test::joined(CloudHeader(2).bytes(), test::compressed(1, doubles()));
     const std::size_t sizeWord = CloudHeader(2).bytes().size() + 4;

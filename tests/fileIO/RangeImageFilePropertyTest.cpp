@@ -2,6 +2,8 @@
 #include <rapidcheck/gtest.h>
 #include <unistd.h>
 
+#include <array>
+
 #include "fileIO/File.h"
 #include "fileIO/RangeImageFile.h"
 #include "support/RangeFile.h"
@@ -75,7 +77,10 @@ RC_GTEST_PROP(RangeImageFile, SpoiltBytesAreReadWhollyOrNotAtAll, (std::uint32_t
     const zyr::File stream(fmemopen(bytes.data(), bytes.size(), "rb"));
     Stores loaded;
     if (read(stream.get(), loaded, true)) {
-        RC_ASSERT(loaded.values.empty() || loaded.values.isContinuous());
+        const RangeFile left = test::parts(bytes);
+        const Bytes values = test::bytesOf(loaded.values), colors = test::bytesOf(loaded.colors);
+        RC_ASSERT(values.empty() || test::plainDecode(left.valueStream, values.size()) == values);
+        RC_ASSERT(colors.empty() || test::plainDecode(left.colorStream, colors.size()) == colors);
         return;
     }
     RC_ASSERT(loaded.values.empty());

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 
+#include "fileIO/RangeImageFile.h"
 #include "support/MatrixLimit.h"
 #include "support/RangeFile.h"
 #include "support/TempFolder.h"
@@ -67,6 +69,15 @@ TEST_F(RangeImageFileWrite, FloatsWithoutColorsTakeTheirBlockAnd76Bytes) {
     const Bytes bytes = test::readFile(path_);
     EXPECT_EQ(bytes.size(), 68 + 4 + file.valueStream.size() + 4);
     EXPECT_EQ(test::valueAt<std::int32_t>(bytes, bytes.size() - 4), 0);
+}
+
+TEST_F(RangeImageFileWrite, FileEndsWithTheColorBlock) {
+    Stores stores = sample();
+    stores.colors = colorGrid(2, 3, 3);
+    const RangeFile file = written(stores, true);
+    ASSERT_FALSE(file.colorStream.empty());
+    EXPECT_EQ(test::readFile(path_).size(),
+              72 + file.valueStream.size() + 4 + file.colorStream.size());
 }
 
 TEST_F(RangeImageFileWrite, DoesNotStoreTheValueRange) {
@@ -159,6 +170,11 @@ TEST_F(RangeImageFileWrite, RefusesValuesOfAnotherTypeBeforeCreatingTheFile) {
     const std::array<int, 3> sizes = {2, 2, 2};
     stores.values = cv::Mat(3, sizes.data(), CV_8U, cv::Scalar(0));
     EXPECT_TRUE(isRefused(stores, false));
+}
+
+TEST_F(RangeImageFileWrite, BlocksOf2GiBDoNotFitTheirSizeWord) {
+    EXPECT_TRUE(zyr::fitsRangeBlock(0x7FFFFFFF));
+    EXPECT_FALSE(zyr::fitsRangeBlock(0x80000000));
 }
 
 TEST_F(RangeImageFileWrite, RefusesAPathThatCannotBeOpened) {

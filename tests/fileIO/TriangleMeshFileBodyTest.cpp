@@ -66,6 +66,13 @@ TEST(MeshBody, ReferenceBeforeTheBodyIsRefused) {
     EXPECT_FALSE(loadStream({7 << 5, 51, 0}).isLoaded);
 }
 
+TEST(MeshBody, ReferenceBeforeTheBodyIsRefusedInACutFileToo) {
+    Bytes file =
+        test::joined(MeshHeader(2, 1).bytes(), test::meshStream(4, 4, {7 << 5, 51, 0}, 60));
+    file[MeshHeader(2, 1).bytes().size() + 8] = 100;
+    EXPECT_FALSE(test::loadMesh(file).isLoaded);
+}
+
 TEST(MeshBody, BackReferencesAreRead) {
     const LoadedMesh mesh = loadStream({0, 0, 7 << 5, 50, 0});
     EXPECT_TRUE(mesh.isLoaded);

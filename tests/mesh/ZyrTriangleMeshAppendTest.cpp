@@ -22,7 +22,7 @@ std::vector<T> joined(std::vector<T> first, const std::vector<T>& second) {
     return first;
 }
 
-/// fullArrays() with smallArrays() behind, worked out by hand.
+/// fullArrays() with smallArrays() behind, whose indices are 4 more: worked out by hand.
 MeshValues whole() {
     const MeshValues full = test::values(test::fullArrays());
     const MeshValues small = test::values(smallArrays());

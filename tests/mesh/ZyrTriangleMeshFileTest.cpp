@@ -231,3 +231,10 @@ TEST(MeshPath, WidePathThatCannotBeConvertedIsRefused) {
     EXPECT_FALSE(mesh.Load(path.c_str(), true, true));
     EXPECT_EQ(test::values(mesh), MeshValues());
 }
+
+TEST(MeshPath, ConstMeshIsSavedByAWidePath) {
+    const TempFolder folder;
+    const ZyrTriangleMesh mesh = test::fullMesh();
+    EXPECT_TRUE(mesh.Save(wide(folder.path("a.ztmt")).c_str(), true, true));
+    EXPECT_EQ(load(folder.path("a.ztmt")), full());
+}

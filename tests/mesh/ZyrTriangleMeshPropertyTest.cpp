@@ -6,6 +6,7 @@
 #include "support/DoubleBits.h"
 #include "support/GenClouds.h"
 #include "support/Meshes.h"
+#include "support/PlainTriangle.h"
 
 /// Random meshes against plain loops.
 
@@ -22,28 +23,6 @@ std::vector<int> someIndices(std::size_t triangles, int vertices) {
     return *rc::gen::container<std::vector<int>>(3 * triangles, rc::gen::inRange(-1, vertices + 2));
 }
 
-double length(const double* v) {
-    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
-}
-
-bool isPoint(const double* v) {
-    return v[0] < test::kInvalid && v[1] < test::kInvalid && v[2] < test::kInvalid;
-}
-
-/// By the rule as it is worded: 1 / |cos| at the second corner exceeds 1 by more than 1.1e-5.
-bool isValid(const ZyrVector3dArray& vertices, const int* t) {
-    for (int k = 0; k < 3; ++k)
-        if (t[k] < 0 || t[k] >= vertices.Length()) return false;
-    if (t[0] == t[1] || t[0] == t[2] || t[1] == t[2]) return false;
-    const double *a = vertices.Data() + 3 * t[0], *b = vertices.Data() + 3 * t[1],
-                 *c = vertices.Data() + 3 * t[2];
-    if (!isPoint(a) || !isPoint(b) || !isPoint(c)) return false;
-    const double u[] = {b[0] - a[0], b[1] - a[1], b[2] - a[2]};
-    const double w[] = {b[0] - c[0], b[1] - c[1], b[2] - c[2]};
-    const double dot = u[0] * w[0] + u[1] * w[1] + u[2] * w[2];
-    return std::fabs(length(u) * length(w) / dot) - 1 > 1.1e-5;
-}
-
 }  // namespace
 
 RC_GTEST_PROP(MeshProperty, ValidTrianglesAreThoseThatTheRuleNames, ()) {
@@ -53,7 +32,7 @@ RC_GTEST_PROP(MeshProperty, ValidTrianglesAreThoseThatTheRuleNames, ()) {
     const ZyrTriangleMesh mesh(vertices, test::indices(flat));
     int valid = 0;
     for (int t = 0; t < mesh.NumTriangles(); ++t) {
-        const bool expected = isValid(vertices, flat.data() + 3 * t);
+        const bool expected = test::isValidTriangle(vertices, flat.data() + 3 * t);
         RC_ASSERT(mesh.IsValidTriangle(t) == expected);
         valid += expected ? 1 : 0;
     }
@@ -72,7 +51,7 @@ RC_GTEST_PROP(MeshProperty, TrianglesNearTheBoundAndOfAnySizeAreValidByTheSameRu
          scale * std::sin(angle) * other, 0});
     const int flat[] = {0, 1, 2};
     RC_ASSERT(ZyrTriangleMesh(vertices, test::indices({0, 1, 2})).IsValidTriangle(0) ==
-              isValid(vertices, flat));
+              test::isValidTriangle(vertices, flat));
 }
 
 RC_GTEST_PROP(MeshProperty, AppendPutsTheOthersListsBehind, ()) {

@@ -24,6 +24,13 @@ ZyrTriangleMesh withAttributes(int length) {
     return arrays.mesh();
 }
 
+/// The list that lies so many pointers behind the mesh's start.
+template <class List>
+const List& stored(const ZyrTriangleMesh& mesh, std::size_t place) {
+    const auto* start = reinterpret_cast<const char*>(&mesh);
+    return *static_cast<const List*>(static_cast<const void*>(start + place * sizeof(void*)));
+}
+
 }  // namespace
 
 TEST(ZyrTriangleMesh, DefaultOneHasNoElements) {
@@ -157,4 +164,16 @@ TEST(ZyrTriangleMesh, VertexOutOfRangeIsNotValid) {
     for (const int i : {-2147483647 - 1, -1, 4, 5, 2147483647})
         EXPECT_FALSE(mesh.IsValidVertex(i)) << i;
     EXPECT_FALSE(ZyrTriangleMesh().IsValidVertex(0));
+}
+
+TEST(ZyrTriangleMesh, IsSixPointersVerticesFirstEachFollowedByItsNormalsAndColours) {
+    const MeshArrays a = test::fullArrays();
+    const ZyrTriangleMesh mesh = a.mesh();
+    static_assert(sizeof mesh == 6 * sizeof(void*));
+    EXPECT_EQ(stored<ZyrVector3dArray>(mesh, 0).Data(), a.vertices.Data());
+    EXPECT_EQ(stored<ZyrVector3dArray>(mesh, 1).Data(), a.vertexNormals.Data());
+    EXPECT_EQ(stored<ZyrColorArray>(mesh, 2).Data(), a.vertexColors.Data());
+    EXPECT_EQ(stored<Zyr3DIntArray>(mesh, 3).Data(), a.triangles.Data());
+    EXPECT_EQ(stored<ZyrVector3dArray>(mesh, 4).Data(), a.triangleNormals.Data());
+    EXPECT_EQ(stored<ZyrColorArray>(mesh, 5).Data(), a.triangleColors.Data());
 }

@@ -192,3 +192,32 @@ TEST(MeshCorners, NegativeIndicesAreTheInvalidVector) {
 TEST(MeshCorners, EqualIndicesAndCollinearCornersAreSelectedAllTheSame) {
     EXPECT_EQ(select(threeWithHoles(0), 0, 0, 0), (std::vector<double>{1, 2, 3, 1, 2, 3, 1, 2, 3}));
 }
+
+TEST(MeshTriangle, IndicesLeftOverAreNoTriangle) {
+    test::MeshArrays arrays = test::fullArrays();
+    arrays.vertices = corners();
+    arrays.triangles = test::indices({0, 1, 2, 2, 1, 0, 0});
+    ZyrTriangleMesh mesh = arrays.mesh();
+    EXPECT_EQ(mesh.NumValidTriangles(), 2);
+    const ZyrVector3d seven(7, 7, 7);
+    Zyr3DTriangle triangle(seven, seven, seven);
+    ZyrVector3d normal = seven;
+    mesh.SelectTriangle(2, &triangle);
+    mesh.SelectTriangleNormal(2, &normal);
+    EXPECT_EQ(flat(triangle), kUntouched);
+    EXPECT_EQ(normal.x, 7.0);
+}
+
+TEST(MeshTriangle, IndicesLeftOverHaveNoColour) {
+    test::MeshArrays arrays = test::fullArrays();
+    arrays.triangles = test::indices({0, 1, 2, 2, 1, 0, 0});
+    ZyrTriangleMesh mesh = arrays.mesh();
+    ZyrColor first, color;
+    mesh.SelectTriangleColor(0, &first);
+    const std::vector<int> before = test::values(color);
+    mesh.SelectTriangleColor(2, &color);
+    EXPECT_EQ(test::values(color), before);
+    mesh.ReplaceTriangleColor(2, first);
+    EXPECT_EQ(test::colorBytes(mesh.DeepCopyTriangleColor()),
+              test::colorBytes(test::fullArrays().triangleColors));
+}

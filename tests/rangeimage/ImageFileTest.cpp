@@ -162,11 +162,11 @@ TEST_F(ImageFile, LoadKeepsTheStoredDepth) {
 }
 
 TEST_F(ImageFile, LoadTurnsColorsToOneChannel) {
-    cv::imwrite(path("color.png"), cv::Mat(1, 1, CV_8UC3, cv::Scalar(50, 50, 50)));
+    cv::imwrite(path("color.png"), cv::Mat(1, 1, CV_8UC3, cv::Scalar(200, 100, 10)));
     ZyrRangeImage loaded;
     ASSERT_TRUE(loaded.Load(path("color.png").c_str(), 1.0, 0.0));
     EXPECT_EQ(test::shape(loaded), (std::vector{1, 1, 0}));
-    EXPECT_EQ(loaded.GetValue(0, 0), 50.0);
+    EXPECT_NEAR(loaded.GetValue(0, 0), 0.299 * 10 + 0.587 * 100 + 0.114 * 200, 1.0);
 }
 
 TEST_F(ImageFile, SaveKeepsUnsignedIntegersInPngAndTiff) {
@@ -178,15 +178,12 @@ TEST_F(ImageFile, SaveKeepsUnsignedIntegersInPngAndTiff) {
     EXPECT_EQ(test::bytesOf(written(words, "a.tif")), shorts({0, 1, 256, 65535}));
 }
 
-TEST_F(ImageFile, SaveGivesSignedIntegersToTheCodecAsTheyAre) {
-    ZyrRangeImage bytes = row<std::int8_t>({-128, -1, 127}, 1, 0.01, 100);
-    EXPECT_EQ(written(bytes, "a.tif").type(), CV_8S);
+TEST_F(ImageFile, SaveLeavesSignedIntegersUnchangedInTheImage) {
     ZyrRangeImage words = row<std::int16_t>({-32768, -1, 32767}, 3, 0.01, 100);
-    EXPECT_EQ(written(words, "a.tif").type(), CV_16S);
-    ZyrRangeImage longs = row<std::int32_t>({-2147483647, 65536}, 4, 0.01, 100);
-    const cv::Mat image = written(longs, "b.tif");
-    ASSERT_EQ(image.type(), CV_32S);
-    EXPECT_EQ(image.at<int>(0, 0), -2147483647);
+    const Bytes before = test::valueBytes(words);
+    EXPECT_NO_THROW(words.Save(path("a.tif").c_str()));
+    EXPECT_EQ(test::valueBytes(words), before);
+    EXPECT_EQ(words.DataType(), 3);
 }
 
 TEST_F(ImageFile, SaveClipsWhatACodecCannotKeep) {

@@ -196,6 +196,8 @@ TEST_F(ZyrRangeImageArrayTest, SwapExchangesTheElementsWithTheirValueRanges) {
 TEST_F(ZyrRangeImageArrayTest, SwapOutOfRangeDoesNothing) {
     images_.Swap(0, 3);
     images_.Swap(-1, 0);
+    images_.Swap(3, 0);
+    images_.Swap(0, -1);
     EXPECT_EQ(pixels(images_), (Numbers{10, 20, 30}));
 }
 

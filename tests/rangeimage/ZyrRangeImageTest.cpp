@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <opencv2/core.hpp>
 
 #include "support/RangeImages.h"
@@ -93,8 +94,7 @@ TEST(ZyrRangeImage, ConstructorKeepsNumbersButNoPixelsOfAnUnknownType) {
 }
 
 TEST(ZyrRangeImage, ConstructorTakesANullBufferWithoutSize) {
-    const ZyrRangeImage image(nullptr, 0, 0, 0, 3, 0, 0, 1, 0, 1, 0, 1, 0);
-    EXPECT_EQ(shape(image), (std::vector{0, 0, 0}));
+    EXPECT_NO_THROW(ZyrRangeImage(nullptr, 0, 0, 0, 3, 0, 0, 1, 0, 1, 0, 1, 0));
 }
 
 TEST(ZyrRangeImage, ConstructorPassesOpenCVsErrorOnANullBufferWithASize) {
