@@ -160,6 +160,13 @@ TYPED_TEST(OrientedSolid, AttributeMatrixRoundsAsItsThreeProductsDo) {
     EXPECT_EQ(m.Value(2, 2), cy * cx);
 }
 
+// Rz (Ry Rx) would end in FB and ED.
+TYPED_TEST(OrientedSolid, AttributeMatrixMultipliesTheTurnsAboutZAndYFirst) {
+    const ZyrMatrix4 m = this->turned(7, 41, 67).GetAttributeMatrix();
+    EXPECT_EQ(test::bits(m.Value(0, 2)), 0x3FD776977E6190FCu);
+    EXPECT_EQ(test::bits(m.Value(1, 2)), 0x3FE1A83B04667AECu);
+}
+
 TYPED_TEST(OrientedSolid, DirectionsAreTheColumnsOfTheRotation) {
     TypeParam solid = this->turned(10, 20, 30);
     const Eigen::Matrix3d expected = rotation(10, 20, 30);
@@ -207,6 +214,12 @@ TYPED_TEST(OrientedSolid, DegreesComeByWayOfSinglePrecision) {
     const ZyrMatrix4 m(1, 0, 0, 0, 0, c, -0.5, 0, 0, 0.5, c, 0, 0, 0, 0, 1);
     EXPECT_EQ(test::bits(this->anglesOf(m)[0]), 0x403E000001460EB0u);
     EXPECT_EQ(this->anglesOf(m)[0], 30.000000075916148);
+}
+
+// The product of the unrounded radians with 180 would round to 13.000000437648948 degrees.
+TYPED_TEST(OrientedSolid, RadiansAreRoundedBeforeTheProductAndAfterIt) {
+    const ZyrMatrix4 m = this->turned(13, 0, 0).GetAttributeMatrix();
+    EXPECT_EQ(this->anglesOf(m)[0], 12.999999223393095);
 }
 
 TYPED_TEST(OrientedSolid, ARotationAboutXSurvives) {

@@ -118,6 +118,13 @@ TEST(Zyr3DBox, CornersAddTheCentreLast) {
     EXPECT_EQ(b.MinCorner().y, (-y - z) + 0.3);
 }
 
+// In any other order the sum ends in 6.
+TEST(Zyr3DBox, CornersAddTheTermOfZToThoseOfXAndY) {
+    Zyr3DBox b(ZyrVector3d(0, 0, 0), ZyrVector3d(10, 20, 30), ZyrVector3d(1, 2, 3));
+    EXPECT_EQ(b.MaxCorner().y, 1.1445297413103084);
+    EXPECT_EQ(b.MinCorner().y, -1.1445297413103084);
+}
+
 TEST(Zyr3DBox, CornersOfAnInvalidBoxAreInvalidAndResetIt) {
     Zyr3DBox a(ZyrVector3d(1, 2, 3), ZyrVector3d(0, 0, 0), ZyrVector3d(1, 0, 1)), b = a;
     EXPECT_EQ(test::values(a.MinCorner()), std::vector<double>(3, test::kInvalid));

@@ -1,41 +1,22 @@
 #include <gtest/gtest.h>
 
-#include "support/TransformValues.h"
+#include "support/DualQuaternions.h"
 
+using test::identity;
+using test::kUnusable;
+using test::motion;
 using test::quaternion;
 
 namespace {
-
-ZyrDualQuaternion motion(ZyrQuaternion rotation, double x, double y, double z) {
-    ZyrVector3d t(x, y, z);
-    ZyrDualQuaternion q;
-    q.GenDualQuaternion(rotation, t);
-    return q;
-}
-
-ZyrDualQuaternion identity() {
-    return ZyrDualQuaternion(quaternion(1, 0, 0, 0), quaternion(0, 0, 0, 0));
-}
 
 ZyrMatrix4 filled(double v) {
     return ZyrMatrix4(v, v, v, v, v, v, v, v, v, v, v, v, v, v, v, v);
 }
 
-const std::vector<double> kDefault = test::values(ZyrDualQuaternion());
-
-const ZyrDualQuaternion kUnusable[] = {
-    ZyrDualQuaternion(), ZyrDualQuaternion(quaternion(0, 0, 0, 0), quaternion(0, 1, 2, 3)),
-    ZyrDualQuaternion(quaternion(1, 0, 0, 0), ZyrQuaternion())};
-
-using Mixture = void (ZyrDualQuaternion::*)(ZyrDualQuaternion&, double, ZyrDualQuaternion*);
-
-ZyrDualQuaternion mixed(Mixture mixture, ZyrDualQuaternion q, ZyrDualQuaternion p, double t) {
-    ZyrDualQuaternion out(quaternion(9, 9, 9, 9), quaternion(9, 9, 9, 9));
-    (q.*mixture)(p, t, &out);
-    return out;
+/// Valid, but without an inverse: it counts as (0; i, i, i), where i is the invalid value.
+ZyrDualQuaternion tooShortToInvert() {
+    return ZyrDualQuaternion(quaternion(1e-3, 0, 0, 0), quaternion(0, 1, 2, 3));
 }
-
-const std::vector<double> kUntouched(8, 9.0);
 
 }  // namespace
 
@@ -108,6 +89,17 @@ TEST(GetRotateTrans, AnUnusableOneWritesNothing) {
     }
 }
 
+// The translation is twice the cross product of (1, 2, 3) and (i, i, i).
+TEST(GetRotateTrans, ARealPartTooShortToInvertGivesATranslationOfInvalidValues) {
+    ZyrDualQuaternion q = tooShortToInvert();
+    ZyrQuaternion rotation;
+    ZyrVector3d translation;
+    q.GetRotateTrans(&rotation, &translation);
+    const double i = test::kInvalid;
+    EXPECT_EQ(test::values(rotation), (std::vector<double>{1e-3 / 1e-3f, 0, 0, 0}));
+    EXPECT_EQ(test::values(translation), (std::vector<double>{-2 * i, 4 * i, -2 * i}));
+}
+
 TEST(GetRotateTrans, TheOutputsMayBeItsOwnParts) {
     ZyrDualQuaternion q = motion(quaternion(0, 0, 0, 4), 1, 2, 3);
     q.GetRotateTrans(&q.real, &q.dual.v);
@@ -136,6 +128,18 @@ TEST(GetScrew, APureTranslationHasNoAngleAndNoAxis) {
     EXPECT_EQ(test::values(axis), (std::vector<double>{0, 0, 0}));
     EXPECT_EQ(test::values(point), std::vector<double>(3, test::kInvalid / 2));
     EXPECT_EQ(angle, 0.0);
+    EXPECT_EQ(distance, 0.0);
+}
+
+// The moment is half the translation divided by the tangent, 5e-6.
+TEST(GetScrew, ATinyRotationHasNoAxisEither) {
+    ZyrDualQuaternion q = motion(quaternion(1, 5e-6, 0, 0), 2, 3, 4);
+    ZyrVector3d axis(9, 9, 9), point;
+    double angle = 9, distance = 9;
+    q.GetScrew(&axis, &angle, &point, &distance);
+    EXPECT_EQ(test::values(axis), (std::vector<double>{0, 0, 0}));
+    EXPECT_NEAR(angle, 360 * std::atan(5e-6) / test::kPi, 1e-15);
+    test::expectNear(test::values(point), {2e5, 3e5, 4e5}, 1e-3);
     EXPECT_EQ(distance, 0.0);
 }
 
@@ -193,6 +197,16 @@ TEST(TransformPoint, APointIsNotTestedForValidity) {
     EXPECT_EQ(test::values(out), (std::vector<double>{test::kInvalid, 2, 3}));
 }
 
+// The same translation times the square of the rounded unit part swallows the point.
+TEST(TransformPoint, ARealPartTooShortToInvertMovesByInvalidValues) {
+    ZyrDualQuaternion q = tooShortToInvert();
+    ZyrVector3d p(10, 20, 30), out;
+    q.TransformPoint(p, &out);
+    EXPECT_EQ(test::values(out),
+              (std::vector<double>{-6.8056462862688565e+38, 1.3611292572537713e+39,
+                                   -6.8056462862688565e+38}));
+}
+
 TEST(TransformPoint, TheOutputMayBeTheInput) {
     ZyrDualQuaternion q = motion(quaternion(0, 0, 0, 1), 1, 2, 3);
     ZyrVector3d p(10, 20, 30);
@@ -205,92 +219,5 @@ TEST(TransformPoint, AnUnusableMotionWritesNothing) {
         ZyrVector3d p(1, 2, 3), out(9, 9, 9);
         q.TransformPoint(p, &out);
         EXPECT_EQ(test::values(out), (std::vector<double>{9, 9, 9}));
-    }
-}
-
-// Half way from none to a quarter turn is an eighth; the weights are sin 22.5 / sin 45 each.
-TEST(DualQuaternionSlerp, WeighsBothPartsAlike) {
-    const double eighth = test::kPi / 8, k = std::sin(eighth) / std::sin(2 * eighth);
-    const double half = std::sqrt(0.5);
-    const ZyrDualQuaternion q = motion(quaternion(1, 0, 0, 0), 2, 0, 0);
-    const ZyrDualQuaternion p = motion(test::aboutZ(90), 0, 0, 4);
-    test::expectNear(test::values(mixed(&ZyrDualQuaternion::SLERP, q, p, 0.5)),
-                     {std::cos(eighth), 0, 0, std::sin(eighth), -2 * half * k, k, 0, 2 * half * k},
-                     1e-6);
-}
-
-TEST(DualQuaternionSlerp, EndsAtTheNormalisedOnesForZeroAndOne) {
-    const ZyrDualQuaternion q = motion(quaternion(2, 0, 0, 0), 2, 0, 0);
-    const ZyrDualQuaternion p = motion(quaternion(0, 0, 0, 4), 0, 6, 0);
-    test::expectNear(test::values(mixed(&ZyrDualQuaternion::SLERP, q, p, 0)),
-                     {1, 0, 0, 0, 0, 1, 0, 0}, 1e-15);
-    test::expectNear(test::values(mixed(&ZyrDualQuaternion::SLERP, q, p, 1)),
-                     {0, 0, 0, 1, 0, 3, 0, 0}, 1e-15);
-}
-
-TEST(DualQuaternionSlerp, TakesTheShorterArc) {
-    const ZyrDualQuaternion p = motion(test::aboutZ(90) * -1.0, 0, 0, 4);
-    const ZyrDualQuaternion end = mixed(&ZyrDualQuaternion::SLERP, identity(), p, 1);
-    test::expectNear(test::values(end), test::values(motion(test::aboutZ(90), 0, 0, 4)), 1e-6);
-    const ZyrDualQuaternion third = mixed(&ZyrDualQuaternion::SLERP, identity(), p, 1.0 / 3);
-    test::expectNear(test::values(third.real), test::values(test::aboutZ(30)), 1e-6);
-}
-
-TEST(DualQuaternionSlerp, ExtrapolatesAlongTheSameArc) {
-    const ZyrDualQuaternion out =
-        mixed(&ZyrDualQuaternion::SLERP, identity(), motion(test::aboutZ(30), 0, 0, 0), 2);
-    test::expectNear(test::values(out.real), test::values(test::aboutZ(60)), 1e-6);
-}
-
-TEST(DualQuaternionSlerp, NearlyEqualRotationsGiveInvalidParts) {
-    const auto slerp = &ZyrDualQuaternion::SLERP;
-    EXPECT_EQ(test::values(mixed(slerp, identity(), identity(), 0.5)), kDefault);
-    const ZyrDualQuaternion near = motion(test::aboutZ(0.001), 1, 2, 3);
-    EXPECT_EQ(test::values(mixed(slerp, identity(), near, 0.5)), kDefault);
-    EXPECT_TRUE(mixed(slerp, identity(), motion(test::aboutZ(0.002), 1, 2, 3), 0.5).IsValid());
-}
-
-// The rounded length makes the cosine 1.00000014, whose sine is no number.
-TEST(DualQuaternionSlerp, ACosineAboveOneGivesInvalidParts) {
-    const ZyrDualQuaternion q(quaternion(0.1, 0.2, 0.3, 0.4), quaternion(0, 0, 0, 0));
-    EXPECT_EQ(test::values(mixed(&ZyrDualQuaternion::SLERP, q, q, 0.5)), kDefault);
-}
-
-TEST(DualQuaternionLerp, NormalisesBothEndsAndTheMixture) {
-    const ZyrDualQuaternion q = motion(quaternion(2, 0, 0, 0), 2, 0, 0);
-    const ZyrDualQuaternion p = motion(quaternion(0, 0, 0, 4), 0, 6, 0);
-    const double l = std::sqrt(0.625);
-    const ZyrDualQuaternion out = mixed(&ZyrDualQuaternion::LERP, q, p, 0.25);
-    test::expectNear(test::values(out.real), {0.75 / l, 0, 0, 0.25 / l}, 1e-6);
-    test::expectNear(test::values(out.dual), {0, 1.5 / l, 0, 0}, 1e-6);
-}
-
-TEST(DualQuaternionLerp, KeepsTheSignsOfBothEnds) {
-    const ZyrDualQuaternion p(quaternion(-0.6, 0, 0, 0.8), quaternion(0, 0, 0, 0));
-    const ZyrDualQuaternion out = mixed(&ZyrDualQuaternion::LERP, identity(), p, 0.75);
-    const double l = std::sqrt(0.4);
-    test::expectNear(test::values(out.real), {-0.2 / l, 0, 0, 0.6 / l}, 1e-6);
-}
-
-TEST(DualQuaternionMixture, AnUnusableEndLeavesTheOutputUntouched) {
-    for (const Mixture mixture : {&ZyrDualQuaternion::SLERP, &ZyrDualQuaternion::LERP})
-        for (const ZyrDualQuaternion& unusable : kUnusable) {
-            const ZyrDualQuaternion good = motion(test::aboutZ(90), 1, 2, 3);
-            EXPECT_EQ(test::values(mixed(mixture, unusable, good, 0.5)), kUntouched);
-            EXPECT_EQ(test::values(mixed(mixture, good, unusable, 0.5)), kUntouched);
-        }
-}
-
-TEST(DualQuaternionMixture, TheOutputMayBeEitherEnd) {
-    const ZyrDualQuaternion start = motion(test::aboutZ(10), 1, 2, 3);
-    const ZyrDualQuaternion end = motion(test::aboutX(70), 3, 5, 7);
-    for (const Mixture mixture : {&ZyrDualQuaternion::SLERP, &ZyrDualQuaternion::LERP}) {
-        const auto expected = test::values(mixed(mixture, start, end, 0.3));
-        ZyrDualQuaternion q = start, p = end;
-        (q.*mixture)(p, 0.3, &q);
-        EXPECT_EQ(test::values(q), expected);
-        q = start;
-        (q.*mixture)(p, 0.3, &p);
-        EXPECT_EQ(test::values(p), expected);
     }
 }

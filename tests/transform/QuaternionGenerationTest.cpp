@@ -83,11 +83,17 @@ TEST(GenQuaternionAxisAngle, AZeroAxisGivesNaN) {
     for (const double component : test::values(q.v)) EXPECT_TRUE(std::isnan(component));
 }
 
+// The direction of an invalid axis is three times the invalid value, whose product with the sine of
+// 45 degrees is valid again.
 TEST(GenQuaternionAxisAngle, AnInvalidAxisLosesItsX) {
     ZyrVector3d axis(5, test::kInvalid, 7);
     ZyrQuaternion q;
     q.GenQuaternion(axis, 90);
     EXPECT_EQ(test::values(axis), (std::vector<double>{test::kInvalid, test::kInvalid, 7}));
+    const double component = test::kInvalid * std::sin(test::kPi / 4);
+    EXPECT_EQ(test::values(q),
+              (std::vector<double>{std::cos(test::kPi / 4), component, component, component}));
+    EXPECT_TRUE(q.IsValid());
 }
 
 // 6,000,000 turns are 2,160,000,000 degrees, which is 2^32 less in 32 signed bits.
@@ -198,6 +204,16 @@ TEST(GenQuaternionDirections, UnusableDirectionsChangeNothing) {
         EXPECT_EQ(test::values(between(good, bad)), kUntouched);
         EXPECT_EQ(test::values(between(bad, good)), kUntouched);
     }
+}
+
+// Each component is valid, but the length exceeds the invalid value.
+TEST(GenQuaternionDirections, ADirectionTooLongLosesItsX) {
+    ZyrVector3d from(3e38, 3e38, 3e38), to(0, 1, 0);
+    ZyrQuaternion q;
+    q.GenQuaternion(from, to);
+    EXPECT_EQ(test::values(from), (std::vector<double>{test::kInvalid, 3e38, 3e38}));
+    EXPECT_EQ(q.w, std::sqrt((1.0 + test::kInvalid) * 0.5));
+    EXPECT_TRUE(std::isnan(q.v.x));
 }
 
 TEST(GenQuaternionDirections, ALengthOfOneHundredThousandthIsEnough) {

@@ -74,6 +74,14 @@ TEST(QuaternionSlerp, RoundsTheReciprocalOfTheSineToo) {
         {0x3FEB034C08000000u, 0xBFAEF91DCCCCCCCCu, 0x3FD69A4DC6666666u, 0x3FCEF5A1D6666666u});
 }
 
+// By the reciprocal of the unrounded sine it would begin with 3FEC2B66.
+TEST(QuaternionSlerp, RoundsTheSineBeforeItsReciprocal) {
+    const ZyrQuaternion q = quaternion(0.9, 0.1, 0.2, 0.3);
+    expectBits(
+        slerp(q, quaternion(0.21, 0.21, 0.16, -0.68), 0.3),
+        {0x3FEC2B6738A3D70Au, 0x3FC70D3548F5C290u, 0x3FCF6F140F5C28F6u, 0xBFA3060151EB8520u});
+}
+
 // x and w cancel at 1e16, which swallows y; only z is left to decide the sign.
 TEST(QuaternionSlerp, TheCosineSumsXThenYThenWThenZ) {
     const ZyrQuaternion q = quaternion(1e8, 1e8, 1, 1), p = quaternion(-1e8, 1e8, 1, -0.5);

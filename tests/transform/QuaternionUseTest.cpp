@@ -63,6 +63,19 @@ TEST(TransformDirection, RotatesAndRenormalises) {
                      1e-15);
 }
 
+// The terms of x are 1, 2^55 and -2^55, the first of which is swallowed.
+TEST(TransformDirection, AddsTheDirectionToTheScalarTermFirst) {
+    const ZyrQuaternion q = quaternion(0x1p27, 0, 0x1p27, 0);
+    EXPECT_EQ(test::values(transformed(q, ZyrVector3d(1, 0, 1))), (std::vector<double>{0, 0, -1}));
+}
+
+// The terms of x are 2^54, 1 and -2^54.
+TEST(TransformDirection, AddsTheCrossProductLast) {
+    const ZyrQuaternion q = quaternion(1, 0.5, 0.5, 0);
+    EXPECT_EQ(test::values(transformed(q, ZyrVector3d(0x1p54, -0x1p54, 1))),
+              (std::vector<double>{0, 0, -1}));
+}
+
 // A unit quaternion in this direction would give (0, 1, 0).
 TEST(TransformDirection, TheQuaternionIsNotNormalised) {
     test::expectNear(test::values(transformed(quaternion(1, 0, 0, 1), ZyrVector3d(1, 0, 0))),
@@ -181,4 +194,14 @@ TEST(QuaternionEquals, IsFalseForAnUnusableOne) {
         EXPECT_FALSE(good.Equals(q, 1e300));
         EXPECT_FALSE(q.Equals(q, 1e300));
     }
+}
+
+// Any sum that adds y before the first two gives a difference of ...899.
+TEST(QuaternionEquals, TheCosineSumsXAndWThenYThenZ) {
+    ZyrQuaternion q = quaternion(0.8138790090116965, 0.8354131676764445, -0.44954927306840187,
+                                 0.2928303512851771);
+    const ZyrQuaternion p =
+        quaternion(0.5427974150285388, 0.5783440006131828, -0.4425342475482779, 0.5192847986530693);
+    EXPECT_TRUE(q.Equals(p, 0.05005348771356888));
+    EXPECT_FALSE(q.Equals(p, std::nextafter(0.05005348771356888, 0)));
 }

@@ -23,7 +23,9 @@ ZyrDualQuaternion counting() {
 }  // namespace
 
 TEST(ZyrDualQuaternion, DefaultIsInvalidInBothParts) {
+    constexpr double i = test::kInvalid;
     ZyrDualQuaternion q;
+    EXPECT_EQ(test::values(q), (std::vector<double>{0, i, i, i, 0, i, i, i}));
     EXPECT_FALSE(q.IsValid());
     EXPECT_FALSE(q.real.IsValid());
     EXPECT_FALSE(q.dual.IsValid());
@@ -105,12 +107,18 @@ TEST(ZyrDualQuaternion, NormalizedKeepsTheTranslation) {
     EXPECT_EQ(test::values(q.Normalized()), (std::vector<double>{0, 0, 0, 1, 0, 0.5, 0, 0}));
 }
 
-// The dual part is divided by the rounded length's square and multiplied by a rounded unit part.
+// The dual part is divided by the rounded length's square, then multiplied by the rounded unit
+// part: divided by the length alone, it would begin with 3FED363D3B.
 TEST(ZyrDualQuaternion, NormalizedGoesThroughSinglePrecision) {
     const double length = 0.5477225184440613;
-    ZyrDualQuaternion q = parts(quaternion(0.1, 0.2, 0.3, 0.4), quaternion(0, 0, 0, 0));
+    ZyrDualQuaternion q = parts(quaternion(0.1, 0.2, 0.3, 0.4), quaternion(0.5, -0.6, 0.7, 0.8));
+    const ZyrQuaternion dual = q.Normalized().dual;
     EXPECT_EQ(q.Norm(), length);
     EXPECT_EQ(q.Normalized().real.v.y, 0.3 / length);
+    EXPECT_EQ(test::bits(dual.w), 0x3FED363D812373F6u);
+    EXPECT_EQ(test::bits(dual.v.x), 0xBFF186F1B3E21260u);
+    EXPECT_EQ(test::bits(dual.v.y), 0x3FF472C4A7326AC6u);
+    EXPECT_EQ(test::bits(dual.v.z), 0x3FF75E979A82C32Bu);
 }
 
 TEST(ZyrDualQuaternion, NormalizedOfAShortRealPartIsInvalidThere) {
@@ -175,6 +183,19 @@ TEST(GenDualQuaternionScrew, UnusableInputInvalidatesBothParts) {
     EXPECT_EQ(test::values(q), kDefault);
     p.GenDualQuaternion(axis, 90, invalid, 2);
     EXPECT_EQ(test::values(p), kDefault);
+}
+
+// The direction of an invalid axis is three times the invalid value, whose product with the sine of
+// 45 degrees is valid again.
+TEST(GenDualQuaternionScrew, AnInvalidAxisLosesItsXAndNeedNotInvalidateTheParts) {
+    const double s = std::sin(test::kPi / 4), c = std::cos(test::kPi / 4), i = test::kInvalid;
+    ZyrVector3d axis(5, i, 7), moment(0, 0, 0);
+    ZyrDualQuaternion q;
+    q.GenDualQuaternion(axis, 90, moment, 2);
+    EXPECT_EQ(test::values(q),
+              (std::vector<double>{c, i * s, i * s, i * s, -s, i * c, i * c, i * c}));
+    EXPECT_EQ(test::values(axis), (std::vector<double>{i, i, 7}));
+    EXPECT_TRUE(q.IsValid());
 }
 
 TEST(GenDualQuaternionScrew, TheInputsMayBeItsOwnVectors) {

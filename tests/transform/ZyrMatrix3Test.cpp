@@ -49,6 +49,17 @@ TEST(ZyrMatrix3, AVectorsThirdTermIsAddedLast) {
     EXPECT_EQ(test::values(m * ZyrVector3d(1, 1, 1)), (std::vector<double>{0, 0, 0}));
 }
 
+// 1e16 swallows the 1 only when these two are added first.
+TEST(ZyrMatrix3, AVectorsFirstTwoTermsAreAddedFirst) {
+    ZyrMatrix3 m(1, 1e16, -1e16, 1, 1e16, -1e16, 1, 1e16, -1e16);
+    EXPECT_EQ(test::values(m * ZyrVector3d(1, 1, 1)), (std::vector<double>{0, 0, 0}));
+}
+
+TEST(ZyrMatrix3, ProductWithAVectorIsNotConst) {
+    using M = ZyrMatrix3;
+    EXPECT_TRUE(test::listed<ZyrVector3d (M::*)(const ZyrVector3d&)>(&M::operator*));
+}
+
 TEST(ZyrMatrix3, AnInvalidComponentOfAVectorPropagates) {
     ZyrMatrix3 swapXY(0, 1, 0, 1, 0, 0, 0, 0, 1);
     const ZyrVector3d v(test::kInvalid, 2, 3);

@@ -91,6 +91,11 @@ TEST(ZyrQuaternion, ProductAddsTheCrossProductLast) {
     EXPECT_EQ((q * p).v.x, 0.0);
 }
 
+TEST(ZyrQuaternion, ProductAddsTheScaledVectorsFirst) {
+    ZyrQuaternion q = quaternion(1e8, 1, 1e8, 0), p = quaternion(1, 1e8, 0, -1e8);
+    EXPECT_EQ((q * p).v.x, 0.0);
+}
+
 TEST(ZyrQuaternion, AFactorScalesAllFour) {
     ZyrQuaternion q = quaternion(1, 2, 3, 4);
     EXPECT_EQ(test::values(q * -2.0), (std::vector<double>{-2, -4, -6, -8}));
