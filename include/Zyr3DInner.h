@@ -30,8 +30,9 @@ public:
     static std::wstring getSuffix(const wchar_t* path);
 
     /// Whether the L2 distance of the transpose times r from the identity is below the invalid
-    /// value 3.4028234663852886e+38. Deliberately that wide: any 3x3 matrix of floats or doubles
-    /// passes, scaled and mirrored ones too, unless it holds NaN or its squares reach the bound.
-    /// OpenCV's own exception comes through for another size or element type.
+    /// value 3.4028234663852886e+38. Deliberately that wide: any matrix of floats or doubles with
+    /// three columns passes, whatever its rows, scaled and mirrored ones too, unless it holds NaN
+    /// or its squares reach the bound. OpenCV's own exception comes through for another number of
+    /// columns or element type.
     static bool isRotationMatrix(cv::Mat& r);
 };

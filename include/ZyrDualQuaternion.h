@@ -58,13 +58,15 @@ public:
     void GetTransformMatrix(ZyrMatrix4* m);
     void GetRotateTrans(ZyrQuaternion* rotation, ZyrVector3d* translation);
     /// The axis is a unit vector, and point its moment, as GenDualQuaternion takes it: the cross
-    /// product of the axis's foot point with its direction. A pure translation shows by angle 0:
-    /// axis is then (0, 0, 0), distance 0, and each component of point half the invalid value.
+    /// product of the axis's foot point with its direction. Where the rotation's v is no longer
+    /// than 1e-5, axis is (0, 0, 0) and distance 0. A pure translation shows by angle 0, with half
+    /// the invalid value in each component of point; but by angle 360, with a point far off, when
+    /// the real part is (-1, 0, 0, 0).
     void GetScrew(ZyrVector3d* axis, double* angle, ZyrVector3d* point, double* distance);
     void TransformPoint(ZyrVector3d& p, ZyrVector3d* out);
 
     /// From this one (t = 0) to p (t = 1) along the shorter arc. Both parts of the result are
-    /// invalid when the two rotations are nearly equal: there is no linear fallback.
+    /// invalid when the two real parts are nearly equal or opposite: there is no linear fallback.
     void SLERP(ZyrDualQuaternion& p, double t, ZyrDualQuaternion* out);
     /// The normalised straight mixture of the two normalised ones, their signs kept.
     void LERP(ZyrDualQuaternion& p, double t, ZyrDualQuaternion* out);

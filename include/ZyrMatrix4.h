@@ -30,7 +30,8 @@ public:
     double Norm() const;
     double Determinant() const;
     ZyrMatrix4 Transposed() const;
-    /// By LU decomposition; the zero matrix for a singular one.
+    /// By LU decomposition; the zero matrix for a singular one. A pivot below 2.22e-14 counts as
+    /// none, so that 1e-15 times the identity inverts to zeros; ZyrMatrix3 knows no such bound.
     ZyrMatrix4 Inverse() const;
 
     ZyrMatrix4 operator*(const ZyrMatrix4& other);

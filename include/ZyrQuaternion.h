@@ -11,8 +11,9 @@
 /// A plain value. All angles are in degrees. Lengths are single precision: Norm, and all that
 /// divides by it, carries about seven digits. A quaternion is valid when v is a valid vector and
 /// its length exceeds 1e-5; a default one is invalid. No operation checks that unless it says so,
-/// and none reports a failure: unusable input leaves the target as it was, or gives an invalid
-/// quaternion. Outputs may be the object itself or an input.
+/// and none reports a failure: unusable input leaves the target as it was or gives an invalid
+/// quaternion, except where another result is described. Outputs may be the object itself or an
+/// input.
 class ZYR_EXPORT ZyrQuaternion {
 public:
     double w;
@@ -24,12 +25,17 @@ public:
 
     /// The rotation about an axis of any length. The angle is first reduced to [0, 360), so that
     /// -90 gives what 270 gives: the rotation meant, with the sign of the whole quaternion turned.
-    /// A zero axis gives NaN components.
+    /// The degrees of the whole turns are counted in 32 bits: beyond 2^31 degrees they wrap, and
+    /// the reduced angle lies outside. A zero axis gives NaN components. An invalid axis has its x
+    /// set to the invalid value, as by ZyrVector3d::Normalized; the result may pass IsValid even
+    /// so.
     void GenQuaternion(ZyrVector3d& axis, double angle);
     /// From one direction to another. The vector part is scaled by the sine of the angle between
-    /// them, so that the result has unit length at right angles only. Opposite directions turn
+    /// them, so that the result has unit length only for right angles and for equal or opposite
+    /// directions. Equal ones may give NaN in v: the cosine is not clamped to 1. Opposite ones turn
     /// about an axis chosen by the signed components of from: (-1, 0, 0) finds none and gives NaN.
-    /// Does nothing when either is invalid or shorter than 1e-5.
+    /// Does nothing when either is invalid or shorter than 1e-5. One whose length reaches the
+    /// invalid value has its x set to that.
     void GenQuaternion(ZyrVector3d& from, ZyrVector3d& to);
     /// From a rotation matrix. Does nothing when IsValidTransformMatrix refuses it.
     void GenQuaternion(const ZyrMatrix3& m);
@@ -66,9 +72,9 @@ public:
     ///     2xy+2zw     1-2xx-2zz   2yz-2wz
     ///    -2wy+2xz     2yz+2wz     1-2yy-2zz
     ///
-    /// which is the rotation's usual matrix only where x equals z, as for rotations about y:
-    /// callers rely on the three entries m12, m21 and m22 as they stand here. Writes nothing when
-    /// invalid.
+    /// which is the rotation's usual matrix only where x equals z, as for rotations about y, and
+    /// for half turns where x equals -z: callers rely on the three entries m12, m21 and m22 as they
+    /// stand here. Writes nothing when invalid.
     void GetTransMatrix(ZyrMatrix3* m);
 
     /// Whether the cosine of the angle between the two lies within the tolerance of 1; a tolerance
@@ -78,7 +84,9 @@ public:
     /// From this one (t = 0) to p (t = 1) along the shorter arc, beyond both for other t, with
     /// weights in single precision. Writes nothing when the two are nearly equal or opposite.
     void SLERP(ZyrQuaternion& p, double t, ZyrQuaternion* out);
-    /// The normalised straight mixture of the two normalised ones, their signs kept.
+    /// The normalised straight mixture of the two normalised ones, their signs kept. An end that
+    /// is zero or too short goes in with the invalid components of its Normalized: the mixture may
+    /// come out as a valid unit quaternion even so.
     void LERP(ZyrQuaternion& p, double t, ZyrQuaternion* out);
     double Dot(ZyrQuaternion& p);
 };

@@ -5,11 +5,12 @@
 
 #include "Zyr3DInner.h"
 #include "transform/Angles.h"
+#include "transform/UpperLeft.h"
 
 namespace {
 
-bool hasRotation(const double* e) {
-    cv::Matx33d block(e[0], e[1], e[2], e[4], e[5], e[6], e[8], e[9], e[10]);
+bool hasRotation(const ZyrMatrix4& m) {
+    cv::Matx33d block(zyr::upperLeft(m).Data());
     cv::Mat view(block, false);
     return Zyr3DInner::isRotationMatrix(view);
 }
@@ -39,8 +40,8 @@ ZyrMatrix4 zyr::poseMatrix(const ZyrVector3d& center, const ZyrVector3d& angle) 
 // Every block that passes the test has a first column whose length is far below the bound from
 // which the angle about z would be read.
 bool zyr::readPose(const ZyrMatrix4& m, ZyrVector3d* center, ZyrVector3d* angle) {
+    if (!hasRotation(m)) return false;
     const double* e = m.Data();
-    if (!hasRotation(e)) return false;
     const double r00 = e[0], r10 = e[4], r11 = e[5], r12 = e[6], r20 = e[8];
     const double length = std::sqrt(r00 * r00 + r10 * r10);
     *angle = ZyrVector3d(roundedDegrees(std::atan2(-r12, r11)),

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "primitive/Pose.h"
+#include "primitive/Primitive.h"
 
 namespace {
 
@@ -27,9 +28,7 @@ Zyr3DBox::Zyr3DBox(const ZyrVector3d& size, const ZyrMatrix4& m) : size_(size) {
 }
 
 bool Zyr3DBox::IsValid() {
-    const bool valid = zyr::isExtent(size_);
-    if (!valid) *this = Zyr3DBox();
-    return valid;
+    return zyr::resetUnless(zyr::isExtent(size_), *this);
 }
 
 ZyrVector3d Zyr3DBox::Center() {

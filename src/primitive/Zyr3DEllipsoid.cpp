@@ -1,6 +1,7 @@
 #include "Zyr3DEllipsoid.h"
 
 #include "primitive/Pose.h"
+#include "primitive/Primitive.h"
 
 Zyr3DEllipsoid::Zyr3DEllipsoid() = default;
 
@@ -13,9 +14,7 @@ Zyr3DEllipsoid::Zyr3DEllipsoid(const ZyrVector3d& size, const ZyrMatrix4& m) : s
 }
 
 bool Zyr3DEllipsoid::IsValid() {
-    const bool valid = center_.IsValid() && angle_.IsValid() && zyr::isExtent(size_);
-    if (!valid) *this = Zyr3DEllipsoid();
-    return valid;
+    return zyr::resetUnless(center_.IsValid() && angle_.IsValid() && zyr::isExtent(size_), *this);
 }
 
 ZyrVector3d Zyr3DEllipsoid::Center() {

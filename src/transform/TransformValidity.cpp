@@ -1,8 +1,7 @@
 #include <opencv2/core.hpp>
 
 #include "Zyr3DInner.h"
-#include "ZyrMatrix3.h"
-#include "ZyrMatrix4.h"
+#include "transform/UpperLeft.h"
 
 bool IsValidTransformMatrix(ZyrMatrix3 m) {
     const ZyrMatrix3 identity(1, 0, 0, 0, 1, 0, 0, 0, 1);
@@ -11,9 +10,7 @@ bool IsValidTransformMatrix(ZyrMatrix3 m) {
 }
 
 bool IsValidTransformMatrix(ZyrMatrix4 m) {
-    const double* e = m.Data();
-    return IsValidTransformMatrix(
-        ZyrMatrix3(e[0], e[1], e[2], e[4], e[5], e[6], e[8], e[9], e[10]));
+    return IsValidTransformMatrix(zyr::upperLeft(m));
 }
 
 // The product is of the columns, where the tests above take the rows.

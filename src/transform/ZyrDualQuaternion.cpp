@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "transform/Angles.h"
+#include "transform/UpperLeft.h"
 
 namespace {
 
@@ -46,9 +47,8 @@ void ZyrDualQuaternion::GenDualQuaternion(ZyrQuaternion& rotation, ZyrVector3d& 
 
 void ZyrDualQuaternion::GenDualQuaternion(const ZyrMatrix4& m) {
     if (!IsValidTransformMatrix(m)) return;
-    const double* e = m.Data();
-    real.GenQuaternion(ZyrMatrix3(e[0], e[1], e[2], e[4], e[5], e[6], e[8], e[9], e[10]));
-    dual = dualPart(ZyrVector3d(e[3], e[7], e[11]) * 0.5, real);
+    real.GenQuaternion(zyr::upperLeft(m));
+    dual = dualPart(ZyrVector3d(m.Value(0, 3), m.Value(1, 3), m.Value(2, 3)) * 0.5, real);
 }
 
 void ZyrDualQuaternion::GetTransformMatrix(ZyrMatrix4* m) {

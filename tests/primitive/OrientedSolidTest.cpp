@@ -7,7 +7,7 @@
 
 #include "Zyr3DBox.h"
 #include "Zyr3DEllipsoid.h"
-#include "support/TransformValues.h"
+#include "primitive/OrientedSolids.h"
 
 /// Laws that the box and the ellipsoid share.
 template <class Solid>
@@ -23,12 +23,6 @@ public:
     static std::vector<double> anglesOf(const ZyrMatrix4& m) {
         Solid solid(ZyrVector3d(1, 2, 3), m);
         return test::values(solid.Angle());
-    }
-
-    static void expectDefault(Solid solid) {
-        EXPECT_EQ(test::values(solid.Center()), std::vector<double>(3, test::kInvalid));
-        EXPECT_EQ(test::values(solid.Size()), std::vector<double>(3, test::kInvalid));
-        EXPECT_EQ(test::values(solid.Angle()), std::vector<double>(3, test::kInvalid));
     }
 };
 
@@ -61,7 +55,7 @@ double rounded(double radians) {
 
 TYPED_TEST(OrientedSolid, DefaultIsInvalidInAllThreeFields) {
     TypeParam solid;
-    this->expectDefault(solid);
+    test::expectDefault(solid);
     EXPECT_FALSE(solid.IsValid());
 }
 
@@ -121,7 +115,7 @@ TYPED_TEST(OrientedSolid, AnySizeOutsideResetsAllThreeFields) {
              {ZyrVector3d(bad, 1, 1), ZyrVector3d(1, bad, 1), ZyrVector3d(1, 1, bad)}) {
             TypeParam solid(this->center, ZyrVector3d(0, 0, 0), sizes);
             EXPECT_FALSE(solid.IsValid()) << bad;
-            this->expectDefault(solid);
+            test::expectDefault(solid);
         }
 }
 

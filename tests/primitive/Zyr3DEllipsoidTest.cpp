@@ -5,42 +5,28 @@
 #include <functional>
 #include <type_traits>
 
-#include "support/TransformValues.h"
-
-namespace {
-
-void expectDefault(Zyr3DEllipsoid e) {
-    EXPECT_EQ(test::values(e.Center()), std::vector<double>(3, test::kInvalid));
-    EXPECT_EQ(test::values(e.Size()), std::vector<double>(3, test::kInvalid));
-    EXPECT_EQ(test::values(e.Angle()), std::vector<double>(3, test::kInvalid));
-}
-
-ZyrMatrix4 withNaN() {
-    return ZyrMatrix4(1, 0, 0, 9, 0, std::nan(""), 0, 9, 0, 0, 1, 9, 0, 0, 0, 1);
-}
-
-}  // namespace
+#include "primitive/OrientedSolids.h"
 
 TEST(Zyr3DEllipsoid, NeedsAValidCentre) {
     Zyr3DEllipsoid e(ZyrVector3d(1, 2, test::kInvalid), ZyrVector3d(0, 0, 0), ZyrVector3d(1, 1, 1));
     EXPECT_FALSE(e.IsValid());
-    expectDefault(e);
+    test::expectDefault(e);
 }
 
 TEST(Zyr3DEllipsoid, NeedsValidAngles) {
     Zyr3DEllipsoid e(ZyrVector3d(1, 2, 3), ZyrVector3d(0, std::nan(""), 0), ZyrVector3d(1, 1, 1));
     EXPECT_FALSE(e.IsValid());
-    expectDefault(e);
+    test::expectDefault(e);
 }
 
 TEST(Zyr3DEllipsoid, ARefusedPoseInvalidatesAllThreeFields) {
     Zyr3DEllipsoid e(ZyrVector3d(1, 2, 3), ZyrVector3d(0, 0, 0), ZyrVector3d(1, 1, 1));
-    e.SetAttributeMatrix(withNaN());
-    expectDefault(e);
+    e.SetAttributeMatrix(test::withNaN());
+    test::expectDefault(e);
 }
 
 TEST(Zyr3DEllipsoid, ConstructionFromARefusedPoseGivesADefaultOne) {
-    expectDefault(Zyr3DEllipsoid(ZyrVector3d(1, 1, 1), withNaN()));
+    test::expectDefault(Zyr3DEllipsoid(ZyrVector3d(1, 1, 1), test::withNaN()));
 }
 
 TEST(Zyr3DEllipsoid, HasNoEquality) {

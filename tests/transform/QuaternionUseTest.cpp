@@ -113,6 +113,13 @@ TEST(GetTransMatrix, WritesItsOwnThreeEntriesBesideTheUsualOnes) {
     test::expectNear(test::values(m), expected, 1e-15);
 }
 
+TEST(GetTransMatrix, IsTheUsualOneForHalfTurnsWithOppositeXAndZ) {
+    ZyrQuaternion q = quaternion(0, 1, 0, -1);
+    ZyrMatrix3 m;
+    q.GetTransMatrix(&m);
+    test::expectNear(test::values(m), {0, 0, -1, 0, -1, 0, -1, 0, 0}, 1e-6);
+}
+
 TEST(GetTransMatrix, NormalisesTheQuaternionItself) {
     ZyrQuaternion q = quaternion(-1, 2, 4, 10);
     ZyrMatrix3 m;

@@ -29,6 +29,12 @@ TEST(ZyrMatrix3, ProportionalRowsInvertToZeros) {
     EXPECT_EQ(test::values(singular.Inverse()), std::vector<double>(9, 0.0));
 }
 
+TEST(ZyrMatrix3, NoPivotIsTooSmallForItsInverse) {
+    const ZyrMatrix3 tiny(0x1p-50, 0, 0, 0, 0x1p-50, 0, 0, 0, 0x1p-50);
+    EXPECT_EQ(test::values(tiny.Inverse()),
+              (std::vector<double>{0x1p50, 0, 0, 0, 0x1p50, 0, 0, 0, 0x1p50}));
+}
+
 TEST(ZyrMatrix3, ProductOfTwoByHand) {
     ZyrMatrix3 a(1, 2, 3, 4, 5, 6, 7, 8, 9);
     const ZyrMatrix3 b(9, 8, 7, 6, 5, 4, 3, 2, 1);
