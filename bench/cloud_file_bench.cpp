@@ -52,10 +52,9 @@ std::string path() {
 }
 
 void perPoint(benchmark::State& state) {
-    state.counters["s/point"] =
-        benchmark::Counter(static_cast<double>(cloud().Length()),
-                           benchmark::Counter::kIsIterationInvariantRate |
-                               benchmark::Counter::kInvert);
+    state.counters["s/point"] = benchmark::Counter(
+        static_cast<double>(cloud().Length()),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 void saveCloud(benchmark::State& state) {
@@ -96,9 +95,8 @@ BENCHMARK(loadCloud)->Unit(benchmark::kMillisecond);
 void liblzfDecompress(benchmark::State& state) {
     std::vector<unsigned char> raw = columns();
     std::vector<unsigned char> packed(raw.size() * 2);
-    const unsigned int size =
-        lzf_compress(raw.data(), static_cast<unsigned>(raw.size()), packed.data(),
-                     static_cast<unsigned>(packed.size()));
+    const unsigned int size = lzf_compress(raw.data(), static_cast<unsigned>(raw.size()),
+                                           packed.data(), static_cast<unsigned>(packed.size()));
     for (auto _ : state) {
         lzf_decompress(packed.data(), size, raw.data(), static_cast<unsigned>(raw.size()));
         benchmark::DoNotOptimize(raw.data());

@@ -138,10 +138,12 @@ void completeHeader(PcdHeader& header) {
 /// Whether no field is a column of two groups, which would have two lengths.
 bool areApart(const std::array<Group, 6>& groups) {
     std::array<bool, PcdHeader::maxNumFields> isTaken{};
-    for (const Group& group : groups)
-        for (std::int32_t k = 0; group.first >= 0 && k < group.columns; ++k)
-            if (std::exchange(isTaken[static_cast<std::size_t>(group.first + k)], true))
-                return false;
+    for (const Group& group : groups) {
+        if (group.first < 0) continue;
+        const auto first = static_cast<std::size_t>(group.first);
+        for (std::size_t i = first; i < first + static_cast<std::size_t>(group.columns); ++i)
+            if (std::exchange(isTaken[i], true)) return false;
+    }
     return true;
 }
 

@@ -17,7 +17,7 @@ bool hasRotation(const ZyrMatrix4& m) {
 
 /// By way of single precision: callers see the rounded angle.
 double roundedDegrees(double radians) {
-    return static_cast<double>(static_cast<float>(radians) * 180.0f) / zyr::kPi;
+    return static_cast<double>(static_cast<float>(radians) * 180.0F) / zyr::kPi;
 }
 
 }  // namespace

@@ -106,12 +106,12 @@ void ZyrQuaternion::SLERP(ZyrQuaternion& p, double t, ZyrQuaternion* out) {
     const double dot = v.x * p.v.x + v.y * p.v.y + w * p.w + v.z * p.v.z;
     const auto signedCosine = static_cast<float>(dot / (Norm() * p.Norm()));
     const float cosine = std::fabs(signedCosine);
-    const float squaredSine = 1.0f - cosine * cosine;
-    if (!(squaredSine >= 1e-16f)) return;
+    const float squaredSine = 1.0F - cosine * cosine;
+    if (!(squaredSine >= 1e-16F)) return;
 
     const float sine = std::sqrt(squaredSine);
     const double theta = std::atan2(sine, cosine);
-    const double reciprocal = 1.0f / sine;
+    const double reciprocal = 1.0F / sine;
     const double sign = signedCosine < 0 ? -1.0 : 1.0;
     const auto k0 = static_cast<float>(std::sin((1.0 - t) * theta) * reciprocal);
     const auto k1 = static_cast<float>(std::sin(t * theta) * reciprocal * sign);
