@@ -10,7 +10,7 @@ namespace {
 /// Whole turns are counted in 32 bits, and their degrees wrap there.
 double reducedAngle(double angle) {
     const auto turns = static_cast<std::uint32_t>(zyr::truncateToInt32(angle / 360.0));
-    const double rest = angle - static_cast<std::int32_t>(turns * 360u);
+    const double rest = angle - static_cast<std::int32_t>(turns * 360U);
     return rest < 0 ? rest + 360.0 : rest;
 }
 
