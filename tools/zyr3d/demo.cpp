@@ -6,24 +6,24 @@
 #include <iostream>
 #include <optional>
 
-#include "CloudFile.h"
-#include "CloudFrame.h"
-#include "DepthImage.h"
 #include "Grid.h"
-#include "HeightImage.h"
-#include "ImageFile.h"
 #include "Mesh.h"
 #include "Outcome.h"
-#include "Outliers.h"
-#include "Picture.h"
-#include "QuietCodecs.h"
-#include "Report.h"
-#include "RoundTrip.h"
-#include "SensorFrame.h"
 #include "Table.h"
-#include "View.h"
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
+#include "demo/CloudFrame.h"
+#include "demo/DepthImage.h"
+#include "demo/HeightImage.h"
+#include "demo/Outliers.h"
+#include "demo/Report.h"
+#include "demo/RoundTrip.h"
+#include "demo/SensorFrame.h"
+#include "files/CloudFile.h"
+#include "files/ImageFile.h"
+#include "files/QuietCodecs.h"
+#include "picture/Picture.h"
+#include "picture/View.h"
 
 namespace zyr {
 namespace {

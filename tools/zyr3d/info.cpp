@@ -5,9 +5,9 @@
 #include <array>
 #include <iostream>
 
-#include "Description.h"
 #include "Outcome.h"
 #include "Zyr3DInner.h"
+#include "info/Description.h"
 
 namespace zyr {
 namespace {

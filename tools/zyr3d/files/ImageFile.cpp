@@ -1,0 +1,75 @@
+#include "files/ImageFile.h"
+
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <opencv2/imgcodecs.hpp>
+#include <vector>
+
+#include "Outcome.h"
+#include "files/QuietCodecs.h"
+#include "files/RegularFile.h"
+
+namespace zyr {
+namespace {
+
+std::vector<unsigned char> readBytes(const std::string& path) {
+    requireRegularFile(path);
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Width times height of a PNG by its header; 0 for other files.
+std::uint64_t pixelsOfPng(const std::vector<unsigned char>& bytes) {
+    if (bytes.size() < 24 || bytes[1] != 'P' || bytes[2] != 'N' || bytes[3] != 'G') return 0;
+    const auto word = [&](std::size_t at) {
+        return std::uint64_t{bytes[at]} << 24 | std::uint64_t{bytes[at + 1]} << 16 |
+               std::uint64_t{bytes[at + 2]} << 8 | std::uint64_t{bytes[at + 3]};
+    };
+    return word(16) * word(20);
+}
+
+void checkPixels(const std::string& path, std::uint64_t pixels) {
+    constexpr std::uint64_t kMostPixels = 64 << 20;
+    if (pixels > kMostPixels) throw FileTrouble(path + ": over 64 megapixels");
+}
+
+cv::Mat decode(const std::vector<unsigned char>& bytes) try {
+    const QuietCodecs quiet;
+    return bytes.empty() ? cv::Mat() : cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+} catch (const cv::Exception&) {
+    return {};
+}
+
+bool encode(const std::string& path, const cv::Mat& image) try {
+    const QuietCodecs quiet;
+    return cv::imwrite(path, image);
+} catch (const cv::Exception&) {
+    return false;
+}
+
+}  // namespace
+
+cv::Mat readImage(const std::string& path) {
+    const std::vector<unsigned char> bytes = readBytes(path);
+    checkPixels(path, pixelsOfPng(bytes));
+    cv::Mat image = decode(bytes);
+    if (image.empty()) throw FileTrouble(path + ": not a picture that can be read");
+    checkPixels(path, image.total());
+    return image;
+}
+
+ZyrRangeImage readPictureValues(const std::string& path) {
+    checkPixels(path, pixelsOfPng(readBytes(path)));
+    const QuietCodecs quiet;
+    ZyrRangeImage image;
+    if (!image.Load(path.c_str(), 1.0, 0.0))
+        throw FileTrouble(path + ": not a picture that can be read");
+    return image;
+}
+
+void writeImage(const std::string& path, const cv::Mat& image) {
+    if (!encode(path, image)) throw FileTrouble(path + ": cannot be written");
+}
+
+}  // namespace zyr
