@@ -29,9 +29,9 @@ void copyBack(unsigned char* out, const Chunk& chunk) {
 
 }  // namespace
 
-LzfEnd decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
+LzfWalk decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
                  std::size_t outSize) {
-    LzfEnd end;
+    LzfWalk end;
     while (end.at < inSize) {
         const std::size_t left = inSize - end.at;
         const Chunk chunk = chunkAt(in + end.at, left);

@@ -6,7 +6,7 @@
 namespace zyr {
 
 /// How the walk through a stream ended.
-struct LzfEnd {
+struct LzfWalk {
     std::string fault;         ///< "" after a whole stream
     std::size_t at = 0;        ///< offset in the stream: of the chunk at fault, else the end
     std::size_t produced = 0;  ///< bytes of output
@@ -17,7 +17,7 @@ constexpr std::size_t kLzfMostExpansion = 88;
 
 /// Decodes a stream that may hold anything, strictly inside both buffers. The library's own
 /// operation is for streams that are known to be whole, and tells no place.
-LzfEnd decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
+LzfWalk decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
                  std::size_t outSize);
 
 }  // namespace zyr

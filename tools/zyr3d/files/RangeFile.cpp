@@ -90,7 +90,7 @@ private:
         if (pixels > size * kLzfMostExpansion / pixelBytes)
             fail(at_ - sizeof(std::int32_t), "the block is too small for the image's pixels");
         cv::Mat grid(file_.height, file_.width, type);
-        const LzfEnd end = decodeLzf(bytes_.data() + at_, size, grid.data, pixels * pixelBytes);
+        const LzfWalk end = decodeLzf(bytes_.data() + at_, size, grid.data, pixels * pixelBytes);
         if (!end.fault.empty()) fail(at_ + end.at, end.fault);
         if (end.produced < pixels * pixelBytes)
             fail(at_ + end.at, "the stream gives " + std::to_string(end.produced) + " of " +
