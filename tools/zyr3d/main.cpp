@@ -5,6 +5,7 @@
 
 #include "Console.h"
 #include "Outcome.h"
+#include "convert.h"
 #include "demo.h"
 #include "info.h"
 
@@ -24,6 +25,7 @@ int run(int argc, char** argv) {
     int outcome = kGood;
     addDemo(app, outcome);
     addInfo(app, outcome);
+    addConvert(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
