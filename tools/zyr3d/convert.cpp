@@ -69,28 +69,29 @@ void addGrid(CLI::App& command, std::optional<GridSize>& grid) {
         ->type_name("WxH");
 }
 
+/// Flags of which one may be given at most.
+void addChoice(const std::vector<CLI::Option*>& flags) {
+    for (CLI::Option* flag : flags)
+        for (CLI::Option* other : flags)
+            if (flag != other) flag->excludes(other);
+}
+
 void addBodies(CLI::App& command, ConvertSettings& settings) {
-    const std::pair<const char*, WriteOptions::Body> bodies[] = {
-        {"--ascii", WriteOptions::Ascii},
-        {"--binary", WriteOptions::Binary},
-        {"--big-endian", WriteOptions::BigEndian},
-        {"--compressed", WriteOptions::Compressed}};
-    const char* texts[] = {"Text", "Bytes (usual for PLY, STL and PCD)", "Big-endian bytes (PLY)",
-                           "Compressed columns (PCD)"};
-    auto* group = command.add_option_group("body", "");
-    for (std::size_t i = 0; i < 4; ++i)
-        group->add_flag_callback(
-            bodies[i].first, [&settings, body = bodies[i].second] { settings.body = body; },
-            texts[i]);
-    group->require_option(0, 1);
-    auto* width = command.add_option_group("width", "");
-    width->add_flag_callback(
-        "--float", [&settings] { settings.width = ConvertSettings::Floats; },
-        "Numbers of 32 bits (usual for PCD and STL)");
-    width->add_flag_callback(
-        "--double", [&settings] { settings.width = ConvertSettings::Doubles; },
-        "Numbers of 64 bits (usual for all others)");
-    width->require_option(0, 1);
+    const auto body = [&](const char* name, WriteOptions::Body kind, const char* text) {
+        return command.add_flag_callback(
+            name, [&settings, kind] { settings.body = kind; }, text);
+    };
+    const auto width = [&](const char* name, ConvertSettings::Width kind, const char* text) {
+        return command.add_flag_callback(
+            name, [&settings, kind] { settings.width = kind; }, text);
+    };
+    addChoice({body("--ascii", WriteOptions::Ascii, "Text"),
+               body("--binary", WriteOptions::Binary, "Bytes [usual for PLY, STL and PCD]"),
+               body("--big-endian", WriteOptions::BigEndian, "Big-endian bytes, of PLY"),
+               body("--compressed", WriteOptions::Compressed, "Compressed columns, of PCD")});
+    addChoice(
+        {width("--float", ConvertSettings::Floats, "Numbers of 32 bits [usual for PCD, STL]"),
+         width("--double", ConvertSettings::Doubles, "Numbers of 64 bits [usual for others]")});
 }
 
 void addHoles(CLI::App& command, std::optional<Holes>& holes) {

@@ -50,6 +50,11 @@ std::string holesText(const Loss& loss, Holes holes) {
     return text;
 }
 
+std::string roundingText(double largest) {
+    if (largest == 0.0) return "coordinates as floats, which hold them exactly";
+    return "coordinates rounded to floats: by " + compact(largest) + " at most";
+}
+
 }  // namespace
 
 void checkSettings(const ConvertSettings& settings, const Format& format) {
@@ -82,8 +87,7 @@ void convertFile(const std::string& in, const std::string& out, const ConvertSet
     output.out << in << " -> " << out << ": " << facts(scene) << "\n";
     if (loss.holes > 0) output.out << "  " << holesText(loss, holes) << "\n";
     if (options.isFloat && scene.kind != Scene::Range)
-        output.out << "  coordinates rounded to floats: by " << compact(floatRounding(scene))
-                   << " at most\n";
+        output.out << "  " << roundingText(floatRounding(scene)) << "\n";
     for (const std::string& what : scene.leftOut) output.out << "  left out: " << what << "\n";
 } catch (const UsageTrouble& trouble) {
     throw UsageTrouble(in + ": " + trouble.what());
