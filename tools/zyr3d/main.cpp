@@ -6,6 +6,7 @@
 #include "Outcome.h"
 #include "demo.h"
 #include "info.h"
+#include "render.h"
 
 namespace {
 
@@ -22,6 +23,7 @@ int run(int argc, char** argv) {
     int outcome = zyr::kGood;
     zyr::addDemo(app, outcome);
     zyr::addInfo(app, outcome);
+    zyr::addRender(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
