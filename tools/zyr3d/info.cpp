@@ -1,10 +1,9 @@
 #include "info.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
-#include <iostream>
 
+#include "Batch.h"
 #include "Outcome.h"
 #include "Zyr3DInner.h"
 #include "info/Description.h"
@@ -39,18 +38,18 @@ Description describe(const std::string& path) {
     throw FileTrouble(path + ": not a .zpt file by its suffix, nor any other that info reads");
 }
 
-int showFile(const std::string& path) try {
+struct InfoOptions {
+    std::vector<std::string> files;
+    Batch batch;
+};
+
+int showFile(const std::string& path, Output& output) {
     const Description description = describe(path);
-    std::cout << path << "\n";
-    description.table.print(std::cout);
+    output.out << path << "\n";
+    description.table.print(output.out);
     if (description.shortage.empty()) return kGood;
-    std::cout.flush();
-    std::cerr << "zyr3d: " << path << ": " << description.shortage << "\n";
+    output.complain(path + ": " + description.shortage);
     return kDifference;
-} catch (const FileTrouble& trouble) {
-    std::cout.flush();
-    std::cerr << "zyr3d: " << trouble.what() << "\n";
-    return kFileTrouble;
 }
 
 }  // namespace
@@ -60,10 +59,13 @@ void addInfo(CLI::App& app, int& outcome) {
         "info",
         "Tells what point clouds (.zpt), meshes (.ztmt), range images (.zrt) and "
         "PNG, JPEG, BMP and TIFF pictures hold");
-    auto files = std::make_shared<std::vector<std::string>>();
-    command->add_option("FILE", *files, "Files to look at")->required();
-    command->callback([files, &outcome] {
-        for (const std::string& path : *files) outcome = std::max(outcome, showFile(path));
+    auto options = std::make_shared<InfoOptions>();
+    command->add_option("FILE", options->files, "Files to look at")->required();
+    options->batch.addOption(*command);
+    command->callback([options, &outcome] {
+        const auto& files = options->files;
+        outcome = options->batch.run(
+            files, [&](std::size_t i, Output& output) { return showFile(files[i], output); });
     });
 }
 

@@ -1,10 +1,7 @@
 #include "files/HeaderScan.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
-#include <fstream>
 #include <limits>
 
 #include "Outcome.h"
@@ -19,20 +16,10 @@ constexpr std::size_t kMaxHeader = 1 << 16;
 constexpr std::size_t kMaxWord = 32;
 constexpr std::size_t kMaxWords = 61;
 
-std::string firstBytes(const std::string& path) {
-    requireRegularFile(path);
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw FileTrouble(path + ": " + std::strerror(errno));
-    std::string bytes(kMaxHeader, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
-}
-
 /// Takes a header apart line by line, with the limits that the library's reader has.
 class Scanner {
 public:
-    explicit Scanner(const std::string& path) : path_(path), bytes_(firstBytes(path)) {}
+    explicit Scanner(const std::string& path) : path_(path), bytes_(readStart(path, kMaxHeader)) {}
 
     CloudHeader scan() {
         Words words;
@@ -57,7 +44,7 @@ private:
         words.assign(1, "");
         bool isComment = false;
         for (; at_ < bytes_.size(); ++at_) {
-            const char c = bytes_[at_];
+            const char c = static_cast<char>(bytes_[at_]);
             if (c == '\n' || c == '\0') {
                 ++at_;
                 return true;
@@ -119,7 +106,7 @@ private:
     }
 
     const std::string& path_;
-    std::string bytes_;
+    std::vector<unsigned char> bytes_;
     std::size_t at_ = 0;
     int line_ = 0;
     CloudHeader header_;

@@ -11,7 +11,8 @@ std::string normalsText(const CloudHeader& header) {
 
 std::string colorsText(CloudFile& file) {
     if (!file.disk.header.hasField("rgb")) return "none";
-    return file.cloud.IsValidColor() ? channelsText(file.cloud.ColorData()) : "yes (not read)";
+    return file.cloud.IsValidColor() ? channelsText(file.cloud.ColorData().Channel())
+                                     : "yes (not read)";
 }
 
 }  // namespace

@@ -28,8 +28,7 @@ std::string bodyText(const CloudHeader& header) {
     return header.body == "ascii" ? "ascii (not decoded: all points at the origin)" : header.body;
 }
 
-std::string channelsText(const ZyrColorArray& colors) {
-    const int channels = colors.Channel();
+std::string channelsText(int channels) {
     return std::to_string(channels) + (channels == 1 ? " channel" : " channels");
 }
 

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "Table.h"
-#include "ZyrColorArray.h"
 #include "ZyrVector3dArray.h"
 #include "files/TextHeaderFile.h"
 
@@ -25,7 +24,7 @@ Description describePictureFile(const std::string& path);
 
 std::string fieldsText(const CloudHeader& header);
 std::string bodyText(const CloudHeader& header);
-std::string channelsText(const ZyrColorArray& colors);
+std::string channelsText(int channels);
 /// Which coordinates the valid points have.
 void addBounds(Table& table, ZyrVector3dArray& points);
 std::string shortageText(const TextHeaderFile& disk);

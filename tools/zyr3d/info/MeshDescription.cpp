@@ -11,7 +11,7 @@ std::string normalsText(const ZyrVector3dArray& normals) {
 
 /// Colours whose channel count is cut off are in the header alone.
 std::string colorsText(const CloudHeader& header, const char* field, const ZyrColorArray& colors) {
-    if (colors.Length() > 0) return channelsText(colors);
+    if (colors.Length() > 0) return channelsText(colors.Channel());
     return header.hasField(field) ? "none read" : "none";
 }
 

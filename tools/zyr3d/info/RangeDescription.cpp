@@ -2,66 +2,53 @@
 #include <array>
 #include <limits>
 
-#include "Outcome.h"
 #include "ZyrRangeImage.h"
 #include "files/ImageFile.h"
+#include "files/RangeFile.h"
 #include "files/RegularFile.h"
 #include "info/Description.h"
 
 namespace zyr {
 namespace {
 
-/// A type and the bytes of a value.
-struct ValueType {
-    const char* name;
-    std::uint64_t bytes;
-};
-
 /// In the order of their codes.
-constexpr std::array<ValueType, 7> kTypes = {{{"8-bit unsigned", 1},
-                                              {"8-bit signed", 1},
-                                              {"16-bit unsigned", 2},
-                                              {"16-bit signed", 2},
-                                              {"32-bit signed", 4},
-                                              {"float", 4},
-                                              {"double", 8}}};
+constexpr std::array<const char*, 7> kTypes = {"8-bit unsigned", "8-bit signed",  "16-bit unsigned",
+                                               "16-bit signed",  "32-bit signed", "float",
+                                               "double"};
 
-std::uint64_t pixels(const ZyrRangeImage& image) {
-    return static_cast<std::uint64_t>(image.Width()) * static_cast<std::uint64_t>(image.Height());
-}
-
-std::string rangeText(const ZyrRangeImage& image) {
+std::string rangeText(const cv::Mat& values) {
     double low = std::numeric_limits<double>::infinity(), high = -low;
-    for (int row = 0; row < image.Height(); ++row)
-        for (int column = 0; column < image.Width(); ++column) {
-            const double value = image.GetValue(row, column);
+    cv::Mat row;
+    for (int i = 0; i < values.rows; ++i) {
+        values.row(i).convertTo(row, CV_64F);
+        for (const double value : cv::Mat_<double>(row)) {
             if (value < low) low = value;
             if (value > high) high = value;
         }
+    }
     return low <= high ? compact(low) + " to " + compact(high) : "no numbers";
 }
 
 /// The rows of values; without values the type is not known. Gives their bytes.
-std::uint64_t addValues(Table& table, const ZyrRangeImage& image) {
-    const auto type = static_cast<std::size_t>(image.DataType());
-    if (pixels(image) == 0 || type >= kTypes.size()) {
+std::uint64_t addValues(Table& table, const cv::Mat& values) {
+    if (values.empty()) {
         table.add({"type", "unknown, so that no values are read"});
         return 0;
     }
-    table.add({"type", kTypes[type].name});
-    table.add({"size", std::to_string(image.Width()) + " x " + std::to_string(image.Height())});
-    table.add({"values", rangeText(image)});
-    return pixels(image) * kTypes[type].bytes;
+    table.add({"type", kTypes[static_cast<std::size_t>(values.type())]});
+    table.add({"size", std::to_string(values.cols) + " x " + std::to_string(values.rows)});
+    table.add({"values", rangeText(values)});
+    return values.total() * values.elemSize();
 }
 
 std::string axesText(double x, double y, double z) {
     return compact(x) + ", " + compact(y) + ", " + compact(z);
 }
 
-void addCalibration(Table& table, const ZyrRangeImage& image) {
-    table.add({"resolution x, y, z",
-               axesText(image.ResolutionX(), image.ResolutionY(), image.ResolutionZ())});
-    table.add({"offset x, y, z", axesText(image.OffsetX(), image.OffsetY(), image.OffsetZ())});
+void addCalibration(Table& table, const RangeFile& file) {
+    table.add(
+        {"resolution x, y, z", axesText(file.resolutionX, file.resolutionY, file.resolutionZ)});
+    table.add({"offset x, y, z", axesText(file.offsetX, file.offsetY, file.offsetZ)});
 }
 
 void addBytes(Table& table, std::uint64_t raw, const std::string& path) {
@@ -72,25 +59,21 @@ void addBytes(Table& table, std::uint64_t raw, const std::string& path) {
 }  // namespace
 
 Description describeRangeFile(const std::string& path) {
-    requireRegularFile(path);
-    ZyrRangeImage image;
-    if (!image.Load(path.c_str(), true))
-        throw FileTrouble(path + ": refused: cut short, or its blocks do not fit its head");
-    const ZyrColorArray colors = image.DeepCopyColors();
-    const auto colorBytes =
-        static_cast<std::uint64_t>(colors.Length()) * static_cast<std::uint64_t>(colors.Channel());
+    const RangeFile file = loadRangeFile(path);
+    const cv::Mat& colors = file.colors;
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, image);
-    addCalibration(description.table, image);
-    description.table.add({"colours", colors.Length() > 0 ? channelsText(colors) : "none"});
-    addBytes(description.table, valueBytes + colorBytes, path);
+    const std::uint64_t valueBytes = addValues(description.table, file.values);
+    addCalibration(description.table, file);
+    description.table.add({"colours", colors.empty() ? "none" : channelsText(colors.channels())});
+    addBytes(description.table, valueBytes + colors.total() * colors.elemSize(), path);
     return description;
 }
 
 Description describePictureFile(const std::string& path) {
     const ZyrRangeImage image = readPictureValues(path);
+    const cv::Mat values(image.Height(), image.Width(), image.DataType(), image.Data());
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, image);
+    const std::uint64_t valueBytes = addValues(description.table, values);
     addBytes(description.table, valueBytes, path);
     return description;
 }

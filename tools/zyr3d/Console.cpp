@@ -1,0 +1,38 @@
+#include "Console.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <iostream>
+
+#include "files/QuietCodecs.h"
+
+namespace zyr {
+
+void prepareStandardStreams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        // Open for reading alone, a stand-in for an output fails when it is written to.
+        if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDONLY) != stream) return;
+}
+
+void printOut(const std::string& text) {
+    std::cout << text;
+    flushOut();
+}
+
+void flushOut() {
+    errno = 0;
+    if (std::cout.flush()) return;
+    if (errno == EPIPE) throw ReaderGone();
+    throw FileTrouble(std::string("standard output: ") + std::strerror(errno));
+}
+
+void printError(const std::string& text) {
+    QuietCodecs::writePast(text);
+}
+
+}  // namespace zyr
