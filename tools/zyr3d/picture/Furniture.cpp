@@ -20,14 +20,6 @@ cv::Vec3b mixed(const cv::Vec3b& a, const cv::Vec3b& b, double share) {
     return cv::Vec3b(cv::Vec3d(a) * (1.0 - share) + cv::Vec3d(b) * share);
 }
 
-/// The largest round length up to a limit.
-double roundBelow(double limit) {
-    const double above = roundStep(limit);
-    if (above <= limit) return above;
-    const double half = roundStep(limit / 2.2);
-    return half <= limit ? half : limit;
-}
-
 }  // namespace
 
 Furniture::Furniture(cv::Mat& picture, const cv::Vec3b& background)
@@ -96,7 +88,7 @@ void Furniture::triad(cv::Point middle, const std::array<cv::Vec3d, 3>& axes) {
 }
 
 void Furniture::scaleBar(cv::Point end, double pixelsPerUnit) {
-    const double length = roundBelow(picture_.cols / 5.0 / pixelsPerUnit);
+    const double length = roundStep(picture_.cols / 10.0 / pixelsPerUnit);
     const double pixels = length * pixelsPerUnit, half = 5 * zoom_;
     const cv::Point2d right(end), left(end.x - pixels, end.y);
     line(left, right, ink_, 2);

@@ -60,11 +60,11 @@ cv::Vec3f Creases::corner(int triangle, int k) const {
     constexpr float kSameWay = 0.82F;  // cosine of 35 degrees
     constexpr int kMostAround = 64;
     const std::size_t place = at(places_[at(triangles_[at(triangle)][k])]);
-    const cv::Vec3f own = face(triangle);
+    const cv::Vec3f own = faces_[at(triangle)];
     cv::Vec3f sum;
     const int end = std::min(starts_[place + 1], starts_[place] + kMostAround);
     for (int i = starts_[place]; i < end; ++i) {
-        const cv::Vec3f& other = face(around_[at(i)]);
+        const cv::Vec3f& other = faces_[at(around_[at(i)])];
         const float cosine = own.dot(other);
         // Triangles of one surface may be wound either way.
         if (std::abs(cosine) > kSameWay)

@@ -12,7 +12,6 @@ class Creases {
 public:
     Creases(const std::vector<cv::Vec3f>& points, const std::vector<cv::Vec3i>& triangles);
 
-    const cv::Vec3f& face(int triangle) const { return faces_[static_cast<std::size_t>(triangle)]; }
     cv::Vec3f corner(int triangle, int k) const;
 
 private:

@@ -1,6 +1,9 @@
 #include "render/Drawing.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <sstream>
 
 #include "Table.h"
 #include "picture/Furniture.h"
@@ -23,7 +26,7 @@ Layout layoutOf(const Look& look, const Furniture& furniture, bool hasLegend) {
     Layout layout;
     layout.panel = {z(24), z(58), size.width - z(24) - right, size.height - z(58) - z(72)};
     layout.legend = {size.width - z(98), z(110), z(18), size.height - z(110) - z(110)};
-    layout.triad = {z(70), size.height - z(64)};
+    layout.triad = {z(70), size.height - z(76)};
     layout.barEnd = {size.width - right - z(12), size.height - z(28)};
     return layout;
 }
@@ -54,15 +57,22 @@ cv::Rect times(const cv::Rect& rect, int finer) {
     return {rect.x * finer, rect.y * finer, rect.width * finer, rect.height * finer};
 }
 
+/// Two significant digits, which do for a magnification.
+std::string rounded(double factor) {
+    std::ostringstream text;
+    text << std::setprecision(2) << std::abs(factor);
+    return text.str();
+}
+
 std::string factsOf(const Subject& subject) {
     const auto points = static_cast<std::uint64_t>(
         std::count_if(subject.points.begin(), subject.points.end(), isDrawable));
     std::string facts = grouped(points) + " points";
-    if (!subject.triangles.empty())
+    if (!subject.isGrid && !subject.triangles.empty())
         facts += ", " + grouped(subject.triangles.size()) + " triangles";
     if (subject.strays > 0)
         facts += ", " + grouped(static_cast<std::uint64_t>(subject.strays)) + " far away left out";
-    if (subject.stretch[2] != 1.0) facts += ", z x " + compact(subject.stretch[2]);
+    if (std::abs(subject.stretch[2]) != 1.0) facts += ", z x " + rounded(subject.stretch[2]);
     return facts;
 }
 

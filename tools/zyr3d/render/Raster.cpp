@@ -61,7 +61,7 @@ cv::Rect Raster::pixelsBetween(const cv::Vec2f& low, const cv::Vec2f& high) cons
 void Raster::drawDisk(int id, const cv::Vec3f& at, float radius) {
     const cv::Rect box =
         pixelsBetween({at[0] - radius, at[1] - radius}, {at[0] + radius, at[1] + radius});
-    const float bulge = 0.5F / std::max(radius, 0.5F);
+    const float bulge = 0.15F / std::max(radius, 0.5F);
     for (int row = box.y; row < box.br().y; ++row)
         for (int column = box.x; column < box.br().x; ++column) {
             const float dx = static_cast<float>(column) + 0.5F - at[0];

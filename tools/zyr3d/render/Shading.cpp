@@ -37,7 +37,7 @@ public:
                               brightness(surface.normal) * cue);
             case ColorBy::Rgb:
                 // A camera's colours have their own light in them.
-                return scaled(surface.color, (0.5 + 0.5 * brightness(surface.normal)) * cue);
+                return scaled(surface.color, (0.6 + 0.5 * brightness(surface.normal)) * cue);
             default:
                 return scaled(directionColor(surface.normal), 0.4 + 0.6 * cue);
         }

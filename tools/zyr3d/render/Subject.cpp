@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Grid.h"
-#include "Mesh.h"
+#include "render/GridSurface.h"
 
 namespace zyr {
 namespace {
@@ -17,18 +16,6 @@ std::vector<cv::Vec3d> pointsOf(ZyrVector3dArray& array) {
     std::vector<cv::Vec3d> points(static_cast<std::size_t>(array.Length()));
     for (std::size_t i = 0; i < points.size(); ++i) points[i] = toVec(array[static_cast<int>(i)]);
     return points;
-}
-
-/// One normal a point, or none when there are not as many.
-std::vector<cv::Vec3f> normalsOf(ZyrVector3dArray& array, std::size_t points) {
-    if (static_cast<std::size_t>(array.Length()) != points) return {};
-    std::vector<cv::Vec3f> normals(points);
-    for (std::size_t i = 0; i < points; ++i) {
-        const cv::Vec3d normal = toVec(array[static_cast<int>(i)]);
-        const double norm = isDrawable(normal) ? cv::norm(normal) : 0.0;
-        if (norm > 0.0 && std::isfinite(1.0 / norm)) normals[i] = normal * (1.0 / norm);
-    }
-    return normals;
 }
 
 std::vector<cv::Vec3b> colorsOf(const ZyrColorArray& array, std::size_t count) {
@@ -46,50 +33,6 @@ std::vector<cv::Vec3b> colorsOf(const ZyrColorArray& array, std::size_t count) {
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
-}
-
-void addTriangles(Subject& subject, const int* corners, int count,
-                  const std::vector<cv::Vec3b>& colors) {
-    const auto has = [&](int i) {
-        return i >= 0 && at(i) < subject.points.size() && isDrawable(subject.points[at(i)]);
-    };
-    for (int t = 0; t < count; ++t) {
-        const cv::Vec3i triangle(corners + std::ptrdiff_t{3} * t);
-        const int a = triangle[0], b = triangle[1], c = triangle[2];
-        if (a == b || b == c || c == a || !has(a) || !has(b) || !has(c)) continue;
-        subject.triangles.push_back(triangle);
-        if (!colors.empty()) subject.triangleColors.push_back(colors[at(t)]);
-    }
-}
-
-/// The points with fewer triangles around them than the inner ones of a surface have.
-void addSplats(Subject& subject, int enough) {
-    std::vector<int> triangles(subject.points.size(), 0);
-    for (const cv::Vec3i& triangle : subject.triangles)
-        for (int k = 0; k < 3; ++k) ++triangles[at(triangle[k])];
-    for (std::size_t i = 0; i < triangles.size(); ++i)
-        if (triangles[i] < enough && isDrawable(subject.points[i]))
-            subject.splats.push_back(static_cast<int>(i));
-}
-
-/// The surface between the pixels of a grid. A step in it and a hole's edge stay open; the pixels
-/// there are splats too, each of which covers its own half of the step.
-void addGrid(Subject& subject, const std::vector<cv::Vec3d>& seen, int columns) {
-    constexpr int kAroundInnerPixel = 6;
-    ZyrVector3dArray points;
-    points.SetSize(static_cast<int>(seen.size()));
-    for (std::size_t i = 0; i < seen.size(); ++i)
-        points[static_cast<int>(i)] =
-            isDrawable(seen[i]) ? ZyrVector3d(seen[i][0], seen[i][1], seen[i][2]) : ZyrVector3d();
-    ZyrPointCloud cloud(points, ZyrColorArray(), ZyrVector3dArray());
-    const Grid grid(cloud, columns, static_cast<int>(seen.size()) / columns);
-    if (subject.normals.empty()) {
-        ZyrVector3dArray normals = gridNormals(grid);
-        subject.normals = normalsOf(normals, seen.size());
-    }
-    ZyrTriangleMesh mesh = triangulate(cloud, grid);
-    addTriangles(subject, mesh.TriangleData(), mesh.NumTriangles(), {});
-    addSplats(subject, kAroundInnerPixel);
 }
 
 /// Pixels in steps that keep a large grid to some millions, which no picture shows more of.
@@ -154,7 +97,7 @@ Subject subjectOf(ZyrPointCloud& cloud, int columns) {
     subject.normals = normalsOf(cloud.NormalData(), subject.points.size());
     dropStrays(subject);
     if (columns > 1 && cloud.Length() >= 2 * columns && cloud.Length() % columns == 0)
-        addGrid(subject, subject.points, columns);
+        addGridSurface(subject, subject.points, columns);
     else
         addSplats(subject, 1);
     return subject;
@@ -167,7 +110,7 @@ Subject subjectOf(ZyrTriangleMesh& mesh) {
     subject.colors = colorsOf(mesh.DeepCopyVertexColor(), subject.points.size());
     subject.normals = normalsOf(normals, subject.points.size());
     dropStrays(subject);
-    addTriangles(subject, mesh.TriangleData(), mesh.NumTriangles(),
+    addTriangles(subject, mesh.TriangleData(), at(mesh.NumTriangles()),
                  colorsOf(mesh.DeepCopyTriangleColor(), at(mesh.NumTriangles())));
     if (subject.triangles.empty()) addSplats(subject, 1);
     return subject;
@@ -185,7 +128,7 @@ Subject subjectOf(const ZyrRangeImage& image) {
     for (cv::Vec3d& point : seen) point = point.mul(subject.stretch);
     const int columns = (image.Width() + stride - 1) / stride;
     if (columns > 1 && image.Height() > stride)
-        addGrid(subject, seen, columns);
+        addGridSurface(subject, seen, columns);
     else
         addSplats(subject, 1);
     for (cv::Vec3f& normal : subject.normals) normal = cv::Vec3d(normal).mul(subject.stretch);

@@ -19,6 +19,7 @@ struct Subject {
     std::vector<cv::Vec3b> triangleColors;  ///< b, g, r of the triangles, or none
     /// What the coordinates are multiplied by for the eye; negative where an axis is mirrored.
     cv::Vec3d stretch = {1, 1, 1};
+    bool isGrid = false;       ///< the triangles were made between the pixels of a sensor
     bool isHeightMap = false;  ///< a grid of heights, which is looked at from above
     int strays = 0;            ///< points so far from all others that they were left out
 

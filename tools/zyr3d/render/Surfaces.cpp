@@ -24,16 +24,31 @@ cv::Vec3f towardsEye(const cv::Vec3f& normal) {
     return normal[2] < 0.0F ? -normal : normal;
 }
 
-/// Radii of disks that close a surface, but no hole of two points' width.
+/// The normal of placed points, whose rows run down.
+cv::Vec3f upwards(const cv::Vec3f& normal) {
+    return {normal[0], -normal[1], normal[2]};
+}
+
+std::vector<int> drawableOf(const Subject& subject) {
+    std::vector<int> drawable;
+    for (std::size_t i = 0; i < subject.points.size(); ++i)
+        if (isDrawable(subject.points[i])) drawable.push_back(static_cast<int>(i));
+    return drawable;
+}
+
+/// Radii of disks that close a surface, but no hole of two points' width. In a grid the triangles
+/// close it, and disks go half the way to the next pixel.
 std::vector<float> radiiOf(const Subject& subject, const std::vector<cv::Vec3f>& placed,
                            const Look& look, int finer) {
     if (look.pointSize)
         return std::vector<float>(placed.size(), static_cast<float>(*look.pointSize / 2 * finer));
-    const float largest =
-        static_cast<float>(0.006 * finer * std::min(look.size.width, look.size.height));
-    std::vector<float> radii = spacings(placed, subject.splats);
-    for (float& radius : radii) radius = std::clamp(0.8F * radius, 0.5F, std::max(largest, 1.0F));
-    if (subject.splats.size() < 2) radii.assign(radii.size(), std::max(largest, 1.0F));
+    const auto largest = std::max(
+        1.0F, static_cast<float>(0.006 * finer * std::min(look.size.width, look.size.height)));
+    if (subject.splats.size() < 2) return std::vector<float>(placed.size(), largest);
+    const float share = subject.isGrid ? 0.6F : 0.95F;
+    std::vector<float> radii =
+        spacings(placed, subject.isGrid ? drawableOf(subject) : subject.splats);
+    for (float& radius : radii) radius = std::clamp(share * radius, 0.5F, largest);
     return radii;
 }
 
@@ -52,15 +67,22 @@ Surfaces::Surfaces(const Subject& subject, const Camera& camera, const Look& loo
         raster_.drawTriangle(t, placed_[index(corners[0])], placed_[index(corners[1])],
                              placed_[index(corners[2])]);
     }
-    if (firstSplat_ > 0) creases_ = std::make_unique<Creases>(placed_, subject.triangles);
+    if (firstSplat_ > 0 && normals_.empty() && !isFlat_)
+        creases_ = std::make_unique<Creases>(placed_, subject.triangles);
     drawSplats(look, finer);
 }
 
 void Surfaces::drawSplats(const Look& look, int finer) {
     const std::vector<float> radii = radiiOf(subject_, placed_, look, finer);
-    for (int i : subject_.splats)
-        raster_.drawDisk(firstSplat_ + i, placed_[index(i)], radii[index(i)]);
-    if (normals_.empty()) normals_ = fittedNormals(raster_, firstSplat_, placed_, radii);
+    // Behind the triangles that they are the edge of, however those are tilted.
+    const float behind = subject_.isGrid ? 1.5F : 0.0F;
+    for (int i : subject_.splats) {
+        const float radius = radii[index(i)];
+        raster_.drawDisk(firstSplat_ + i, placed_[index(i)] - cv::Vec3f(0, 0, behind * radius),
+                         radius);
+    }
+    if (normals_.empty() && !creases_)
+        normals_ = fittedNormals(raster_, firstSplat_, placed_, radii);
 }
 
 Surface Surfaces::at(int row, int column) const {
@@ -74,7 +96,8 @@ Surface Surfaces::at(int row, int column) const {
 }
 
 Surface Surfaces::splat(int point) const {
-    const cv::Vec3f normal = unit(normals_[index(point)], {0, 0, 1});
+    const cv::Vec3f normal =
+        normals_.empty() ? cv::Vec3f(0, 0, 1) : unit(normals_[index(point)], {0, 0, 1});
     return {towardsEye(normal), subject_.colors.empty() ? kNoColor : subject_.colors[index(point)],
             subject_.points[index(point)][2]};
 }
@@ -96,16 +119,15 @@ Surface Surfaces::triangle(int t, const cv::Vec3d& shares) const {
 
 cv::Vec3f Surfaces::triangleNormal(int t, const cv::Vec3d& shares) const {
     const cv::Vec3i& corners = subject_.triangles[index(t)];
-    // Placed points have rows downwards, which turns the up axis around.
-    const auto upwards = [](const cv::Vec3f& n) { return cv::Vec3f(n[0], -n[1], n[2]); };
-    const cv::Vec3f face = towardsEye(unit(upwards(creases_->face(t)), {0, 0, 1}));
+    const cv::Vec3f& a = placed_[index(corners[0])];
+    const cv::Vec3f face = towardsEye(upwards(
+        unit((placed_[index(corners[1])] - a).cross(placed_[index(corners[2])] - a), {0, 0, 1})));
     if (isFlat_) return face;
     cv::Vec3f sum;
     for (int k = 0; k < 3; ++k) {
-        const cv::Vec3f own = subject_.normals.empty() ? cv::Vec3f() : normals_[index(corners[k])];
-        const cv::Vec3f normal = own != cv::Vec3f()         ? own
-                                 : subject_.normals.empty() ? upwards(creases_->corner(t, k))
-                                                            : face;
+        const cv::Vec3f own =
+            creases_ ? upwards(creases_->corner(t, k)) : normals_[index(corners[k])];
+        const cv::Vec3f normal = own != cv::Vec3f() ? own : face;
         sum += normal * static_cast<float>(std::copysign(shares[k], normal.dot(face)));
     }
     cv::Vec3f normal = unit(sum, face);

@@ -28,9 +28,9 @@ bool spansOrigin(const Bounds& bounds, int axis) {
     return bounds.low[axis] < 0.0 && bounds.high[axis] > 0.0;
 }
 
-/// A camera's axes run right, down and away from it.
-bool isFromCamera(const Bounds& bounds) {
-    return spansOrigin(bounds, 0) && spansOrigin(bounds, 1) && bounds.low[2] > 0.0;
+/// Whether a camera at the origin may have seen this, along z.
+bool isBesideOrigin(const Bounds& bounds) {
+    return spansOrigin(bounds, 0) && spansOrigin(bounds, 1) && !spansOrigin(bounds, 2);
 }
 
 }  // namespace
@@ -62,7 +62,10 @@ bool parseView(const std::string& text, View& view) {
 
 View naturalView(const Subject& subject, const Bounds& bounds) {
     if (subject.isHeightMap) return viewFrom(0, 90);
-    return isFromCamera(bounds) ? viewFrom(0, -90) : viewFrom(45, kIsoElevation);
+    // Axes to the right, down and away from the camera, or to the right, up and towards it.
+    if (isBesideOrigin(bounds) && bounds.low[2] > 0.0) return viewFrom(0, -90);
+    if (isBesideOrigin(bounds) && bounds.high[2] < 0.0) return viewFrom(0, 90);
+    return viewFrom(25, 45);
 }
 
 }  // namespace zyr

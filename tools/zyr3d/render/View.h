@@ -20,7 +20,7 @@ View viewFrom(double azimuth, double elevation);
 bool parseView(const std::string& text, View& view);
 
 /// From where the camera stood when the coordinates look like a camera's, from above for height
-/// maps, else from a raised corner.
+/// maps, else from the front, raised and a little to the right.
 View naturalView(const Subject& subject, const Bounds& bounds);
 
 }  // namespace zyr
