@@ -8,6 +8,7 @@
 #include "convert.h"
 #include "demo.h"
 #include "info.h"
+#include "render.h"
 
 namespace zyr {
 namespace {
@@ -26,6 +27,7 @@ int run(int argc, char** argv) {
     addDemo(app, outcome);
     addInfo(app, outcome);
     addConvert(app, outcome);
+    addRender(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
