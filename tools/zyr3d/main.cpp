@@ -5,7 +5,9 @@
 
 #include "Console.h"
 #include "Outcome.h"
+#include "check.h"
 #include "demo.h"
+#include "diff.h"
 #include "info.h"
 
 namespace zyr {
@@ -24,6 +26,8 @@ int run(int argc, char** argv) {
     int outcome = kGood;
     addDemo(app, outcome);
     addInfo(app, outcome);
+    addCheck(app, outcome);
+    addDiff(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
