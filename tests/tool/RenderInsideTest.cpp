@@ -282,7 +282,7 @@ TEST(RenderView, CamerasFramesAreSeenFromTheCamera) {
 }
 
 TEST(RenderScale, TicksAreRoundAndBetweenTheEnds) {
-    const zyr::Scale scale{-0.37, 2.45};
+    const zyr::Scale scale{-0.37, 2.45, 8};
     const std::vector<double> expected = {0, 0.5, 1, 1.5, 2};
     ASSERT_EQ(scale.ticks().size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i)
@@ -291,14 +291,14 @@ TEST(RenderScale, TicksAreRoundAndBetweenTheEnds) {
 }
 
 TEST(RenderScale, OneValueIsOneTickInTheMiddle) {
-    const zyr::Scale scale{7, 7};
+    const zyr::Scale scale{7, 7, 8};
     EXPECT_EQ(scale.ticks(), std::vector<double>{7});
     EXPECT_EQ(scale.fraction(7), 0.5);
 }
 
 TEST(RenderScale, TicksOfAnySizeAreToldApart) {
     for (double size : {1e-30, 1e-6, 1.0, 1e6, 1e30}) {
-        const zyr::Scale scale{3 * size, 4 * size};
+        const zyr::Scale scale{3 * size, 4 * size, 8};
         const std::vector<double> ticks = scale.ticks();
         ASSERT_GE(ticks.size(), 4u) << size;
         ASSERT_LE(ticks.size(), 11u) << size;

@@ -5,7 +5,9 @@
 
 #include "Console.h"
 #include "Outcome.h"
+#include "check.h"
 #include "demo.h"
+#include "diff.h"
 #include "info.h"
 #include "render.h"
 
@@ -25,6 +27,8 @@ int run(int argc, char** argv) {
     int outcome = kGood;
     addDemo(app, outcome);
     addInfo(app, outcome);
+    addCheck(app, outcome);
+    addDiff(app, outcome);
     addRender(app, outcome);
     try {
         app.parse(argc, argv);
