@@ -6,6 +6,7 @@
 #include "Console.h"
 #include "Outcome.h"
 #include "check.h"
+#include "convert.h"
 #include "demo.h"
 #include "diff.h"
 #include "info.h"
@@ -29,6 +30,7 @@ int run(int argc, char** argv) {
     addInfo(app, outcome);
     addCheck(app, outcome);
     addDiff(app, outcome);
+    addConvert(app, outcome);
     addRender(app, outcome);
     try {
         app.parse(argc, argv);

@@ -1,6 +1,8 @@
 #include <cstring>
+#include <opencv2/core.hpp>
 
 #include "Outcome.h"
+#include "Zyr3DFileIO.h"
 #include "formats/Fault.h"
 #include "formats/Readers.h"
 #include "formats/Writers.h"
@@ -17,6 +19,10 @@ Scene readBack(Scene (*read)(const std::string&), const SafeFile& file) try {
     return read(file.temporary());
 } catch (const FileTrouble&) {
     fail("cannot be read back, as from a full disk");
+}
+
+cv::Mat valuesOf(const ZyrRangeImage& image) {
+    return cv::Mat(image.Height(), image.Width(), image.DataType(), image.Data());
 }
 
 /// By their bits, so that holes and NaN count as well.
@@ -41,15 +47,13 @@ bool sameCloud(ZyrPointCloud a, ZyrPointCloud b) {
            same(a.ColorData(), b.ColorData());
 }
 
-bool sameRange(const ZyrRangeImage& a, const ZyrRangeImage& b) {
-    if (a.DataType() != b.DataType() || a.Width() != b.Width() || a.Height() != b.Height())
+bool sameRange(const Scene& a, const Scene& b) {
+    const ZyrRangeImage& x = a.range;
+    const ZyrRangeImage& y = b.range;
+    if (x.DataType() != y.DataType() || x.Width() != y.Width() || x.Height() != y.Height())
         return false;
-    for (int row = 0; row < a.Height(); ++row)
-        for (int column = 0; column < a.Width(); ++column) {
-            const double x = a.GetValue(row, column), y = b.GetValue(row, column);
-            if (x != y && (x == x || y == y)) return false;
-        }
-    return same(a.DeepCopyColors(), b.DeepCopyColors());
+    return std::memcmp(x.Data(), y.Data(), valuesOf(x).total() * valuesOf(x).elemSize()) == 0 &&
+           same(a.pixelColors, b.pixelColors);
 }
 
 const char* const kNotSame = "does not read back as it was written";
@@ -74,9 +78,19 @@ void writeZtmt(const Scene& scene, const WriteOptions&, SafeFile& file) {
 }
 
 void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
-    ZyrRangeImage image = scene.range;
-    if (!image.Save(file.temporary().c_str(), true)) fail("cannot be written");
-    if (!sameRange(image, readBack(readZrt, file).range)) fail(kNotSame);
+    const ZyrRangeImage& image = scene.range;
+    cv::Mat values = valuesOf(image), colors;
+    if (scene.pixelColors.Length() > 0)
+        colors = cv::Mat(image.Height(), image.Width(), CV_8UC(scene.pixelColors.Channel()),
+                         scene.pixelColors.Data());
+    double low = 0.0, high = 0.0;
+    double resolution[] = {image.ResolutionX(), image.ResolutionY(), image.ResolutionZ()};
+    double offset[] = {image.OffsetX(), image.OffsetY(), image.OffsetZ()};
+    if (!Zyr3DFileIO::SaveRangeImage(values, colors, file.temporary().c_str(), low, high,
+                                     resolution[0], resolution[1], resolution[2], offset[0],
+                                     offset[1], offset[2], true))
+        fail("cannot be written");
+    if (!sameRange(scene, readBack(readZrt, file))) fail(kNotSame);
 }
 
 }  // namespace zyr
