@@ -5,8 +5,10 @@
 
 #include "Console.h"
 #include "Outcome.h"
+#include "check.h"
 #include "convert.h"
 #include "demo.h"
+#include "diff.h"
 #include "info.h"
 #include "render.h"
 
@@ -26,6 +28,8 @@ int run(int argc, char** argv) {
     int outcome = kGood;
     addDemo(app, outcome);
     addInfo(app, outcome);
+    addCheck(app, outcome);
+    addDiff(app, outcome);
     addConvert(app, outcome);
     addRender(app, outcome);
     try {

@@ -24,7 +24,9 @@ public:
     CloudHeader scan() {
         Words words;
         while (header_.body.empty()) {
-            if (!nextLine(words)) fail("no usable DATA line");
+            if (!nextLine(words)) failAtEnd();
+            if (words.size() > 1 || !words[0].empty())
+                header_.lines.push_back({words, start_, line_});
             take(words);
         }
         header_.bodyStart = at_;
@@ -33,14 +35,18 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& why) const {
-        throw FileTrouble(path_ + ": line " + std::to_string(line_) + ": " + why);
+    [[noreturn]] void fail(const std::string& why) const { throw Fault(path_, start_, line_, why); }
+
+    [[noreturn]] void failAtEnd() {
+        start_ = at_;
+        fail("no usable DATA line");
     }
 
     /// False when the bytes end before the line does. Lines end with a line feed or a zero byte;
     /// carriage returns don't count, and a '#' at the start makes a comment.
     bool nextLine(Words& words) {
         ++line_;
+        start_ = at_;
         words.assign(1, "");
         bool isComment = false;
         for (; at_ < bytes_.size(); ++at_) {
@@ -75,7 +81,7 @@ private:
         if (keyword == "WIDTH") header_.width = number(words, 1);
         if (keyword == "HEIGHT") header_.height = number(words, 1);
         if (keyword == "POINTS") header_.points = number(words, 1);
-        if (keyword == "FACES") number(words, 1);
+        if (keyword == "FACES") header_.faces = number(words, 1);
         if (keyword == "DATA" && words.size() > 1 && isBodyKind(words[1])) header_.body = words[1];
     }
 
@@ -107,7 +113,7 @@ private:
 
     const std::string& path_;
     std::vector<unsigned char> bytes_;
-    std::size_t at_ = 0;
+    std::size_t at_ = 0, start_ = 0;  ///< start_ is the line's
     int line_ = 0;
     CloudHeader header_;
 };

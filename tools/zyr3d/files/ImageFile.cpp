@@ -46,7 +46,7 @@ cv::Mat readImage(const std::string& path) {
     const std::vector<unsigned char> bytes = readWhole(path);
     checkPixels(path, pixelsOfPng(bytes));
     cv::Mat image = decode(bytes);
-    if (image.empty()) throw FileTrouble(path + ": not a picture that can be read");
+    if (image.empty()) throw Fault(path, "not a picture that can be read");
     checkPixels(path, image.total());
     return image;
 }
@@ -55,8 +55,7 @@ ZyrRangeImage readPictureValues(const std::string& path) {
     checkPixels(path, pixelsOfPng(readWhole(path)));
     const QuietCodecs quiet;
     ZyrRangeImage image;
-    if (!image.Load(path.c_str(), 1.0, 0.0))
-        throw FileTrouble(path + ": not a picture that can be read");
+    if (!image.Load(path.c_str(), 1.0, 0.0)) throw Fault(path, "not a picture that can be read");
     return image;
 }
 

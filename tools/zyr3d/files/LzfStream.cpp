@@ -30,7 +30,7 @@ void copyBack(unsigned char* out, const Chunk& chunk) {
 }  // namespace
 
 LzfWalk decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
-                 std::size_t outSize) {
+                  std::size_t outSize) {
     LzfWalk end;
     while (end.at < inSize) {
         const std::size_t left = inSize - end.at;
@@ -50,6 +50,17 @@ LzfWalk decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* ou
         end.produced += chunk.length;
     }
     return end;
+}
+
+std::size_t lzfChunkOf(const unsigned char* in, std::size_t inSize, std::size_t position) {
+    std::size_t at = 0;
+    for (std::size_t produced = 0; at < inSize;) {
+        const Chunk chunk = chunkAt(in + at, inSize - at);
+        produced += chunk.length;
+        if (produced > position) break;
+        at += chunk.bytes;
+    }
+    return at;
 }
 
 }  // namespace zyr

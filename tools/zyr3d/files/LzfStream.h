@@ -18,6 +18,9 @@ constexpr std::size_t kLzfMostExpansion = 88;
 /// Decodes a stream that may hold anything, strictly inside both buffers. The library's own
 /// operation is for streams that are known to be whole, and tells no place.
 LzfWalk decodeLzf(const unsigned char* in, std::size_t inSize, unsigned char* out,
-                 std::size_t outSize);
+                  std::size_t outSize);
+
+/// Offset of the chunk that gave the byte at this position of the output of a whole stream.
+std::size_t lzfChunkOf(const unsigned char* in, std::size_t inSize, std::size_t position);
 
 }  // namespace zyr

@@ -17,10 +17,11 @@ public:
     Parser(const std::string& path, const std::vector<unsigned char>& bytes)
         : path_(path), bytes_(bytes) {}
 
-    RangeFile parse() {
+    RangeFile parse(const HeadCheck& check) {
         if (bytes_.empty()) fail(0, "the file is empty");
         if (bytes_[0] == 0xFF) fail(0, "a first byte of 255 marks what is no range image");
         readHead();
+        check(file_);
         readValues();
         readColors();
         file_.end = at_;
@@ -107,11 +108,12 @@ private:
 }  // namespace
 
 RangeFile loadRangeFile(const std::string& path) {
-    return parseRangeFile(path, readWhole(path));
+    return parseRangeFile(path, readWhole(path), [](const RangeFile&) {});
 }
 
-RangeFile parseRangeFile(const std::string& path, const std::vector<unsigned char>& bytes) {
-    return Parser(path, bytes).parse();
+RangeFile parseRangeFile(const std::string& path, const std::vector<unsigned char>& bytes,
+                         const HeadCheck& check) {
+    return Parser(path, bytes).parse(check);
 }
 
 }  // namespace zyr

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <opencv2/core.hpp>
 #include <string>
 #include <vector>
@@ -20,7 +21,10 @@ struct RangeFile {
 /// Throws FileTrouble where the file can't be read, and Fault where the library would refuse it
 /// with its colours.
 RangeFile loadRangeFile(const std::string& path);
-/// The same of bytes that were read already.
-RangeFile parseRangeFile(const std::string& path, const std::vector<unsigned char>& bytes);
+/// The same of bytes that were read already. The head is handed to the check before the blocks are
+/// read.
+using HeadCheck = std::function<void(const RangeFile&)>;
+RangeFile parseRangeFile(const std::string& path, const std::vector<unsigned char>& bytes,
+                         const HeadCheck& check);
 
 }  // namespace zyr

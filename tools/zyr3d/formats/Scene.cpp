@@ -39,7 +39,7 @@ Scene readScene(const std::string& path) try {
     return format->fromPath != nullptr ? format->fromPath(path)
                                        : format->fromBytes(readBytes(path));
 } catch (const FormatFault& fault) {
-    throw FileTrouble(path + ": " + fault.what());
+    throw Fault(path, fault.what());
 } catch (const std::bad_alloc&) {
     throw FileTrouble(path + ": needs more memory than there is");
 }

@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <array>
 #include <limits>
 
+#include "Table.h"
 #include "ZyrRangeImage.h"
 #include "files/ImageFile.h"
 #include "files/RangeFile.h"
@@ -16,65 +16,80 @@ constexpr std::array<const char*, 7> kTypes = {"8-bit unsigned", "8-bit signed",
                                                "16-bit signed",  "32-bit signed", "float",
                                                "double"};
 
-std::string rangeText(const cv::Mat& values) {
+struct Values {
     double low = std::numeric_limits<double>::infinity(), high = -low;
+    std::uint64_t zeros = 0, numbers = 0;
+
+    void take(double value) {
+        if (!(value >= -std::numeric_limits<double>::infinity())) return;
+        ++numbers;
+        if (value < low) low = value;
+        if (value > high) high = value;
+        if (value == 0.0) ++zeros;
+    }
+};
+
+Values valuesOf(const cv::Mat& grid) {
+    Values values;
     cv::Mat row;
-    for (int i = 0; i < values.rows; ++i) {
-        values.row(i).convertTo(row, CV_64F);
-        for (const double value : cv::Mat_<double>(row)) {
-            if (value < low) low = value;
-            if (value > high) high = value;
-        }
+    for (int i = 0; i < grid.rows; ++i) {
+        grid.row(i).convertTo(row, CV_64F);
+        for (const double value : cv::Mat_<double>(row)) values.take(value);
     }
-    return low <= high ? compact(low) + " to " + compact(high) : "no numbers";
+    return values;
 }
 
-/// The rows of values; without values the type is not known. Gives their bytes.
-std::uint64_t addValues(Table& table, const cv::Mat& values) {
-    if (values.empty()) {
-        table.add({"type", "unknown, so that no values are read"});
-        return 0;
-    }
-    table.add({"type", kTypes[static_cast<std::size_t>(values.type())]});
-    table.add({"size", std::to_string(values.cols) + " x " + std::to_string(values.rows)});
-    table.add({"values", rangeText(values)});
-    return values.total() * values.elemSize();
+void addAxes(Facts& facts, const std::string& key, double x, double y, double z) {
+    facts.add(key + " x, y, z", key, compact(x) + ", " + compact(y) + ", " + compact(z),
+              std::vector<double>{x, y, z});
 }
 
-std::string axesText(double x, double y, double z) {
-    return compact(x) + ", " + compact(y) + ", " + compact(z);
-}
-
-void addCalibration(Table& table, const RangeFile& file) {
-    table.add(
-        {"resolution x, y, z", axesText(file.resolutionX, file.resolutionY, file.resolutionZ)});
-    table.add({"offset x, y, z", axesText(file.offsetX, file.offsetY, file.offsetZ)});
-}
-
-void addBytes(Table& table, std::uint64_t raw, const std::string& path) {
-    table.add({"bytes raw", grouped(raw)});
-    table.add({"bytes on disk", grouped(fileSize(path))});
+void addBytes(Facts& facts, std::uint64_t raw, const std::string& path) {
+    addDiskBytes(facts, raw, fileSize(path));
 }
 
 }  // namespace
 
+void addGrid(Facts& facts, const cv::Mat& grid) {
+    if (grid.empty()) {
+        facts.add("type", "unknown, so that no values are read", "unknown");
+        return;
+    }
+    facts.word("type", kTypes[static_cast<std::size_t>(grid.depth())]);
+    facts.size("size", static_cast<std::uint64_t>(grid.cols),
+               static_cast<std::uint64_t>(grid.rows));
+    const Values values = valuesOf(grid);
+    if (values.numbers == 0)
+        facts.add("values", "no numbers", std::vector<double>());
+    else
+        facts.interval("values", values.low, values.high);
+    if (values.numbers < grid.total()) facts.share("numbers", values.numbers, grid.total());
+    facts.share("zeros", values.zeros, grid.total());
+}
+
 Description describeRangeFile(const std::string& path) {
     const RangeFile file = loadRangeFile(path);
-    const cv::Mat& colors = file.colors;
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, file.values);
-    addCalibration(description.table, file);
-    description.table.add({"colours", colors.empty() ? "none" : channelsText(colors.channels())});
-    addBytes(description.table, valueBytes + colors.total() * colors.elemSize(), path);
+    Facts& facts = description.facts;
+    facts.word("kind", "range image");
+    addGrid(facts, file.values);
+    addAxes(facts, "resolution", file.resolutionX, file.resolutionY, file.resolutionZ);
+    addAxes(facts, "offset", file.offsetX, file.offsetY, file.offsetZ);
+    addColors(facts, "colours", file.colors.empty() ? 0 : file.colors.channels());
+    addBytes(
+        facts,
+        file.values.total() * file.values.elemSize() + file.colors.total() * file.colors.elemSize(),
+        path);
     return description;
 }
 
 Description describePictureFile(const std::string& path) {
     const ZyrRangeImage image = readPictureValues(path);
-    const cv::Mat values(image.Height(), image.Width(), image.DataType(), image.Data());
+    const cv::Mat grid(image.Height(), image.Width(), image.DataType(), image.Data());
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, values);
-    addBytes(description.table, valueBytes, path);
+    description.facts.word("kind", "picture, as a range image");
+    addGrid(description.facts, grid);
+    addBytes(description.facts, grid.total() * grid.elemSize(), path);
     return description;
 }
 

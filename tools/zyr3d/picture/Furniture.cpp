@@ -24,7 +24,7 @@ cv::Vec3b mixed(const cv::Vec3b& a, const cv::Vec3b& b, double share) {
 
 Furniture::Furniture(cv::Mat& picture, const cv::Vec3b& background)
     : picture_(picture),
-      zoom_(std::clamp(std::min(picture.cols / 1200.0, picture.rows / 900.0), 0.5, 6.0)) {
+      zoom_(std::clamp(std::min(picture.cols / 1200.0, picture.rows / 900.0), 0.4, 6.0)) {
     ink_ = isDark(background) ? cv::Vec3b(222, 217, 214) : cv::Vec3b(52, 46, 42);
     faint_ = mixed(background, ink_, 0.6);
 }
@@ -51,7 +51,8 @@ void Furniture::title(const std::string& text, const std::string& facts) {
     write(picture_, fitted(text, large, left), {margin, base}, large, ink_, Anchor::Left);
 }
 
-void Furniture::legend(const cv::Rect& box, const Scale& scale) {
+void Furniture::legend(const cv::Rect& box, Scale scale) {
+    scale.mostSteps = std::clamp(cvRound(box.height / (26 * zoom_)), 1, 8);
     for (int row = 0; row < box.height; ++row)
         picture_(box).row(row).setTo(heightColor(1.0 - (row + 0.5) / box.height));
     write(picture_, "z", {box.x, box.y - zoomed(12)}, 0.5 * zoom_, ink_, Anchor::Left);
@@ -70,7 +71,7 @@ void Furniture::triad(cv::Point middle, const std::array<cv::Vec3d, 3>& axes) {
     std::array<int, 3> order = {0, 1, 2};
     std::stable_sort(order.begin(), order.end(),
                      [&](int a, int b) { return axes[a][2] < axes[b][2]; });
-    const double length = 40 * zoom_;
+    const double length = 34 * zoom_;
     const cv::Point2d from(middle);
     for (int k : order) {
         const cv::Vec3d& axis = axes[k];

@@ -19,7 +19,7 @@ public:
 
     void title(const std::string& text, const std::string& facts);
     /// The colours of heights with round ticks, in this box and to the right of it.
-    void legend(const cv::Rect& box, const Scale& scale);
+    void legend(const cv::Rect& box, Scale scale);
     /// The directions of x, y and z: right, up and towards the eye.
     void triad(cv::Point middle, const std::array<cv::Vec3d, 3>& axes);
     /// A bar of a round length that ends at a place, and its length.

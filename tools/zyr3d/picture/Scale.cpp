@@ -11,7 +11,7 @@ namespace zyr {
 namespace {
 
 double tickStep(const Scale& scale) {
-    return roundStep((scale.high - scale.low) / 8.0);
+    return roundStep((scale.high - scale.low) / scale.mostSteps);
 }
 
 /// Like 1.25e+09.

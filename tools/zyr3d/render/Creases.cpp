@@ -43,6 +43,8 @@ Creases::Creases(const std::vector<cv::Vec3f>& points, const std::vector<cv::Vec
         faces_.push_back(area > 0.0 ? cv::Vec3f(cross * (1.0 / area)) : cv::Vec3f());
     }
     gatherAround();
+    for (int t = 0; t < static_cast<int>(triangles.size()); ++t)
+        corners_.push_back({meanAround(t, 0), meanAround(t, 1), meanAround(t, 2)});
 }
 
 void Creases::gatherAround() {
@@ -56,7 +58,7 @@ void Creases::gatherAround() {
             around_[at(next[at(places_[at(triangles_[t][k])])]++)] = static_cast<int>(t);
 }
 
-cv::Vec3f Creases::corner(int triangle, int k) const {
+cv::Vec3f Creases::meanAround(int triangle, int k) const {
     constexpr float kSameWay = 0.82F;  // cosine of 35 degrees
     constexpr int kMostAround = 64;
     const std::size_t place = at(places_[at(triangles_[at(triangle)][k])]);

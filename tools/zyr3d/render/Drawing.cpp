@@ -24,9 +24,9 @@ Layout layoutOf(const Look& look, const Furniture& furniture, bool hasLegend) {
     if (look.isBare) return {{0, 0, size.width, size.height}, {}, {}, {}};
     const int right = hasLegend ? z(128) : z(24);
     Layout layout;
-    layout.panel = {z(24), z(58), size.width - z(24) - right, size.height - z(58) - z(72)};
-    layout.legend = {size.width - z(98), z(110), z(18), size.height - z(110) - z(110)};
-    layout.triad = {z(70), size.height - z(76)};
+    layout.panel = {z(24), z(58), size.width - z(24) - right, size.height - z(58) - z(92)};
+    layout.legend = {size.width - z(98), z(96), z(18), size.height - z(96) - z(84)};
+    layout.triad = {z(64), size.height - z(60)};
     layout.barEnd = {size.width - right - z(12), size.height - z(28)};
     return layout;
 }

@@ -43,11 +43,11 @@ private:
 std::vector<cv::Vec3f> fittedNormals(const Raster& raster, int firstId,
                                      const std::vector<cv::Vec3f>& points,
                                      const std::vector<float>& radii) {
-    constexpr int kSteps = 3;
+    constexpr int kSteps = 2;
     constexpr float kSteepest = 3.0F;
     const auto fit = [&](int i) {
         const cv::Vec3f& middle = points[at(i)];
-        const float step = std::max(1.0F, 0.8F * radii[at(i)]);
+        const float step = std::max(1.0F, 0.9F * radii[at(i)]);
         PlaneFit plane;
         for (int v = -kSteps; v <= kSteps; ++v)
             for (int u = -kSteps; u <= kSteps; ++u) {

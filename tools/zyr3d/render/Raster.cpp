@@ -82,12 +82,15 @@ void Raster::drawTriangle(int id, const cv::Vec3f& a, const cv::Vec3f& b, const 
     const cv::Rect box =
         pixelsBetween({std::min({a[0], b[0], c[0]}), std::min({a[1], b[1], c[1]})},
                       {std::max({a[0], b[0], c[0]}), std::max({a[1], b[1], c[1]})});
+    const double doubleArea = std::abs(areaOf(a, b, c)), side = areaOf(a, b, c) < 0.0 ? -1.0 : 1.0;
     for (int row = box.y; row < box.br().y; ++row)
         for (int column = box.x; column < box.br().x; ++column) {
-            const cv::Vec3d share = cornerShares(a, b, c, column + 0.5, row + 0.5);
-            if (share[0] < 0.0 || share[1] < 0.0 || share[2] < 0.0) continue;
+            const double x = column + 0.5, y = row + 0.5;
+            const double atA = side * crossOf(b, c, x, y), atB = side * crossOf(c, a, x, y);
+            const double atC = side * crossOf(a, b, x, y);
+            if (atA < 0.0 || atB < 0.0 || atC < 0.0) continue;
             put(id, row, column,
-                static_cast<float>(share[0] * a[2] + share[1] * b[2] + share[2] * c[2]));
+                static_cast<float>((atA * a[2] + atB * b[2] + atC * c[2]) / doubleArea));
         }
 }
 

@@ -59,7 +59,10 @@ private:
 
 Scale heightScale(const Subject& subject) {
     const Bounds bounds = boundsOf(subject);
-    return {bounds.low[2], bounds.high[2]};
+    Scale scale;
+    scale.low = bounds.low[2];
+    scale.high = bounds.high[2];
+    return scale;
 }
 
 ColorBy colorOf(const Subject& subject, const Look& look) {

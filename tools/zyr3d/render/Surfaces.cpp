@@ -45,7 +45,7 @@ std::vector<float> radiiOf(const Subject& subject, const std::vector<cv::Vec3f>&
     const auto largest = std::max(
         1.0F, static_cast<float>(0.006 * finer * std::min(look.size.width, look.size.height)));
     if (subject.splats.size() < 2) return std::vector<float>(placed.size(), largest);
-    const float share = subject.isGrid ? 0.6F : 0.95F;
+    const float share = subject.isGrid ? 0.6F : 1.25F;
     std::vector<float> radii =
         spacings(placed, subject.isGrid ? drawableOf(subject) : subject.splats);
     for (float& radius : radii) radius = std::clamp(share * radius, 0.5F, largest);
@@ -96,8 +96,8 @@ Surface Surfaces::at(int row, int column) const {
 }
 
 Surface Surfaces::splat(int point) const {
-    const cv::Vec3f normal =
-        normals_.empty() ? cv::Vec3f(0, 0, 1) : unit(normals_[index(point)], {0, 0, 1});
+    const bool isKnown = !normals_.empty() && normals_[index(point)] != cv::Vec3f();
+    const cv::Vec3f normal = isKnown ? normals_[index(point)] : cv::Vec3f(0, 0, 1);
     return {towardsEye(normal), subject_.colors.empty() ? kNoColor : subject_.colors[index(point)],
             subject_.points[index(point)][2]};
 }

@@ -1,5 +1,6 @@
 #include "render/View.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <sstream>
@@ -28,9 +29,13 @@ bool spansOrigin(const Bounds& bounds, int axis) {
     return bounds.low[axis] < 0.0 && bounds.high[axis] > 0.0;
 }
 
-/// Whether a camera at the origin may have seen this, along z.
-bool isBesideOrigin(const Bounds& bounds) {
-    return spansOrigin(bounds, 0) && spansOrigin(bounds, 1) && !spansOrigin(bounds, 2);
+/// Whether a camera at the origin may have seen this along z, at an angle that cameras have.
+bool isBeforeOrigin(const Bounds& bounds) {
+    constexpr double kWidest = 3.5;  // times the distance: 120 degrees
+    const double far = std::max(std::abs(bounds.low[2]), std::abs(bounds.high[2]));
+    const cv::Vec3d extent = bounds.high - bounds.low;
+    return spansOrigin(bounds, 0) && spansOrigin(bounds, 1) && !spansOrigin(bounds, 2) &&
+           std::max(extent[0], extent[1]) < kWidest * far;
 }
 
 }  // namespace
@@ -63,8 +68,8 @@ bool parseView(const std::string& text, View& view) {
 View naturalView(const Subject& subject, const Bounds& bounds) {
     if (subject.isHeightMap) return viewFrom(0, 90);
     // Axes to the right, down and away from the camera, or to the right, up and towards it.
-    if (isBesideOrigin(bounds) && bounds.low[2] > 0.0) return viewFrom(0, -90);
-    if (isBesideOrigin(bounds) && bounds.high[2] < 0.0) return viewFrom(0, 90);
+    if (isBeforeOrigin(bounds) && bounds.low[2] > 0.0) return viewFrom(0, -90);
+    if (isBeforeOrigin(bounds) && bounds.high[2] < 0.0) return viewFrom(0, 90);
     return viewFrom(25, 45);
 }
 
