@@ -7,9 +7,11 @@
 #include "Console.h"
 #include "Outcome.h"
 #include "check.h"
+#include "convert.h"
 #include "demo.h"
 #include "diff.h"
 #include "info.h"
+#include "render.h"
 
 namespace zyr {
 namespace {
@@ -29,6 +31,8 @@ int run(int argc, char** argv) {
     addInfo(app, outcome);
     addCheck(app, outcome);
     addDiff(app, outcome);
+    addConvert(app, outcome);
+    addRender(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {

@@ -1,6 +1,8 @@
+#include <cstring>
+
 #include "Outcome.h"
 #include "files/CloudFile.h"
-#include "files/RegularFile.h"
+#include "files/RangeFile.h"
 #include "formats/Readers.h"
 
 namespace zyr {
@@ -22,6 +24,14 @@ bool isInRange(const Scene& scene) {
         if (corner < 0 || corner >= vertices) return false;
     }
     return true;
+}
+
+ZyrColorArray colorsOf(const cv::Mat& pixels) {
+    ZyrColorArray colors;
+    if (pixels.empty()) return colors;
+    colors.Create(static_cast<int>(pixels.total()), pixels.channels());
+    std::memcpy(colors.Data(), pixels.data, pixels.total() * pixels.elemSize());
+    return colors;
 }
 
 }  // namespace
@@ -61,12 +71,14 @@ Scene readZtmt(const std::string& path) {
 }
 
 Scene readZrt(const std::string& path) {
-    requireRegularFile(path);
+    const RangeFile file = loadRangeFile(path);
+    if (file.values.empty()) throw FileTrouble(path + ": values of an unknown type");
     Scene scene;
     scene.kind = Scene::Range;
-    if (!scene.range.Load(path.c_str(), true))
-        throw FileTrouble(path + ": refused: cut short, or its blocks do not fit its head");
-    if (scene.range.Data() == nullptr) throw FileTrouble(path + ": values of an unknown type");
+    scene.range = ZyrRangeImage(file.values.data, file.width, file.height, 0, file.type, 0.0, 0.0,
+                                file.resolutionZ, file.offsetZ, file.resolutionX, file.offsetX,
+                                file.resolutionY, file.offsetY);
+    scene.pixelColors = colorsOf(file.colors);
     return scene;
 }
 

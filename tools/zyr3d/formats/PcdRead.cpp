@@ -74,7 +74,7 @@ private:
         }
         const std::vector<std::uint64_t> steps(starts.size(), offset);
         readBinary(body_, starts, steps);
-        hasMore_ = body_.size() > offset * header_.points;
+        hasMore_ = hasContent(body_.substr(offset * header_.points));
     }
 
     /// The columns lie one after the other.
@@ -96,7 +96,7 @@ private:
             offset += field.bytes() * header_.points;
         }
         readBinary(columns, starts, steps);
-        hasMore_ = body_.size() > 8u + packed;
+        hasMore_ = hasContent(body_.substr(8u + packed));
     }
 
     static std::string decompressed(std::string_view stream, std::uint32_t rawSize) {
@@ -150,7 +150,7 @@ private:
             takeWords(words, row, place);
             columns_.set(i++, row);
         }
-        while (lines.next(line)) hasMore_ = hasMore_ || !line.empty();
+        hasMore_ = hasContent(body_.substr(lines.offset()));
     }
 
     void takeWords(const std::vector<std::string_view>& words, PointRow& row,

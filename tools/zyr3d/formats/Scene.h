@@ -20,7 +20,8 @@ struct Scene {
     ZyrVector3dArray triangleNormals;  ///< none, or one a triangle
     ZyrColorArray triangleColors;      ///< likewise
     int columns = 0, rows = 0;         ///< of the grid of a cloud, row by row; 0 without a grid
-    ZyrRangeImage range;               ///< of the kind Range, which has nothing else
+    ZyrRangeImage range;               ///< of the kind Range: values and calibration
+    ZyrColorArray pixelColors;         ///< of the kind Range: none, or one a value, as one row
     std::vector<std::string> leftOut;  ///< what the file has and the scene has not, for people
 
     bool isGrid() const { return columns > 0 && rows > 0; }

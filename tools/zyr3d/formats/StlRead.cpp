@@ -72,7 +72,7 @@ Scene readBinary(std::string_view bytes) {
     }
     Scene scene = welding.finish();
     if (hasAttributes) scene.leftOut.push_back("attribute bytes of the triangles");
-    if (bytes.size() > kHead + kRecord * static_cast<std::size_t>(count))
+    if (hasContent(bytes.substr(kHead + kRecord * static_cast<std::size_t>(count))))
         scene.leftOut.push_back("bytes behind the last triangle");
     return scene;
 }

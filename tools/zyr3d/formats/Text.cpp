@@ -51,6 +51,10 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f';
 }
 
+bool hasContent(std::string_view bytes) {
+    return !std::all_of(bytes.begin(), bytes.end(), [](char c) { return c == '\0' || isBlank(c); });
+}
+
 void splitWords(std::string_view line, std::vector<std::string_view>& words) {
     words.clear();
     std::size_t at = 0;

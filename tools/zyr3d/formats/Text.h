@@ -27,6 +27,8 @@ private:
 };
 
 bool isBlank(char c);
+/// Whether there is more than blanks and zero bytes, which some writers pad files with.
+bool hasContent(std::string_view bytes);
 /// What stands between blanks.
 void splitWords(std::string_view line, std::vector<std::string_view>& words);
 std::string lowered(std::string_view text);
