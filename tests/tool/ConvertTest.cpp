@@ -164,15 +164,16 @@ TEST_F(ConvertCommand, ColourPictureColoursTheCloud) {
 }
 
 TEST_F(ConvertCommand, GridsBecomeMeshesWithoutTheirJumps) {
-    test::writeText(path("in.xyz"), "0 0 0\n1 0 0\n2 0 50\n0 1 0\n1 1 0\n2 1 50\n");
-    say("in.xyz out.ztmt --grid 3x2");
-    EXPECT_EQ(scene("out.ztmt").triangleCount(), 2);
-    say("in.xyz out.stl --grid 3x2 --jump 100");
-    EXPECT_EQ(scene("out.stl").triangleCount(), 4);
-    say("in.xyz out.ply --grid 3x2");
+    test::writeText(path("in.xyz"), "0 0 0\n1 0 0\n2 0 0\n3 0 50\n0 1 0\n1 1 0\n2 1 0\n3 1 50\n");
+    say("in.xyz out.ztmt --grid 4x2");
+    EXPECT_EQ(test::trianglesOf(scene("out.ztmt")),
+              (std::vector<int>{0, 4, 1, 1, 4, 5, 1, 5, 2, 2, 5, 6}));
+    say("in.xyz out.stl --grid 4x2 --jump 100");
+    EXPECT_EQ(scene("out.stl").triangleCount(), 6);
+    say("in.xyz out.ply --grid 4x2");
     EXPECT_EQ(scene("out.ply").kind, Scene::Cloud);
-    say("in.xyz out.ply --grid 3x2 --mesh");
-    EXPECT_EQ(scene("out.ply").triangleCount(), 2);
+    say("in.xyz out.ply --grid 4x2 --mesh");
+    EXPECT_EQ(scene("out.ply").triangleCount(), 4);
 }
 
 TEST_F(ConvertCommand, PngTakesRoundedAndClippedValues) {

@@ -28,7 +28,9 @@ void flushOut() {
     errno = 0;
     if (std::cout.flush()) return;
     if (errno == EPIPE) throw ReaderGone();
-    throw FileTrouble(std::string("standard output: ") + std::strerror(errno));
+    // What failed at an earlier write has no number any more.
+    const std::string why = errno != 0 ? std::strerror(errno) : "cannot be written";
+    throw FileTrouble("standard output: " + why);
 }
 
 void printError(const std::string& text) {

@@ -122,7 +122,7 @@ void addSceneOptions(CLI::App& command, ConvertSettings& settings) {
     addNumber(command, "--depth-scale", settings.depthScale,
               "Of a range image: what a value of 1 is in Z");
     addNumber(command, "--hole", settings.hole,
-              "Value of a range image that marks a hole [0 of whole numbers]; nan: none does");
+              "Value of a range image that marks a hole [0 of 16-bit counts]; nan: none does");
     command.add_option("--color", settings.colorFile, "Colour picture of a range image's size")
         ->type_name("FILE");
     addGrid(command, settings.grid);

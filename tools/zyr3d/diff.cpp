@@ -72,9 +72,13 @@ void printJson(const Pair& pair, const Deviations& found, double tolerance, std:
     facts.printJson(out, pair.first);
 }
 
+Deviations deviationsOf(const Pair& pair, double tolerance) {
+    if (!pair.alone.empty()) return {{"only " + pair.alone + " is there"}, {}, 0, 0};
+    return compare(loadSide(pair.first), loadSide(pair.second), tolerance);
+}
+
 int compareOne(const Pair& pair, const DiffOptions& options, Output& output) {
-    const Side first = loadSide(pair.first), second = loadSide(pair.second);
-    const Deviations found = compare(first, second, options.tolerance);
+    const Deviations found = deviationsOf(pair, options.tolerance);
     (options.isJson ? printJson : printText)(pair, found, options.tolerance, output.out);
     return found.isEqual() ? kGood : kDifference;
 }

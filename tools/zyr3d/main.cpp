@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <exception>
 #include <new>
+#include <sstream>
 #include <string>
 
 #include "Console.h"
@@ -35,7 +36,9 @@ int run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
-        outcome = app.exit(help);
+        std::ostringstream text;
+        outcome = app.exit(help, text, text);
+        printOut(text.str());
     } catch (const CLI::ParseError& error) {
         return fail(kUsage, error.what());
     }

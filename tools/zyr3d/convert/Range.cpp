@@ -13,14 +13,12 @@
 namespace zyr {
 namespace {
 
-constexpr int kFloats = 5;
-
-/// Which values stand for nothing: NaN and the invalid value always; of whole numbers 0 as well,
-/// unless another one is named.
+/// Which values stand for nothing: NaN and the invalid value always; of unsigned 16-bit ones 0 as
+/// well, unless another one is named.
 bool isHole(double value, int type, const std::optional<double>& named) {
     if (!(value < kInvalidValue)) return true;
     if (named) return value == *named;
-    return type < kFloats && value == 0.0;
+    return type == CV_16U && value == 0.0;
 }
 
 ZyrColorArray readColors(const std::string& path, const ZyrRangeImage& image) {

@@ -11,6 +11,7 @@
 #include "files/FileKind.h"
 #include "files/ImageFile.h"
 #include "files/RangeFile.h"
+#include "files/ValueType.h"
 #include "formats/Scene.h"
 
 namespace zyr {
@@ -90,7 +91,7 @@ void addGrid(Side& side, const std::string& name, const cv::Mat& grid) {
 Side gridSide(const cv::Mat& grid) {
     Side side;
     addTrait(side, "kind", "range image");
-    addTrait(side, "type", cv::typeToString(grid.type()));
+    addTrait(side, "type", grid.empty() ? "unknown" : valueTypeName(grid.depth()));
     addTrait(side, "size", std::to_string(grid.cols) + " x " + std::to_string(grid.rows));
     addGrid(side, "values", grid);
     return side;

@@ -1,4 +1,3 @@
-#include <array>
 #include <limits>
 
 #include "Table.h"
@@ -6,15 +5,11 @@
 #include "files/ImageFile.h"
 #include "files/RangeFile.h"
 #include "files/RegularFile.h"
+#include "files/ValueType.h"
 #include "info/Description.h"
 
 namespace zyr {
 namespace {
-
-/// In the order of their codes.
-constexpr std::array<const char*, 7> kTypes = {"8-bit unsigned", "8-bit signed",  "16-bit unsigned",
-                                               "16-bit signed",  "32-bit signed", "float",
-                                               "double"};
 
 struct Values {
     double low = std::numeric_limits<double>::infinity(), high = -low;
@@ -55,7 +50,7 @@ void addGrid(Facts& facts, const cv::Mat& grid) {
         facts.add("type", "unknown, so that no values are read", "unknown");
         return;
     }
-    facts.word("type", kTypes[static_cast<std::size_t>(grid.depth())]);
+    facts.word("type", valueTypeName(grid.depth()));
     facts.size("size", static_cast<std::uint64_t>(grid.cols),
                static_cast<std::uint64_t>(grid.rows));
     const Values values = valuesOf(grid);

@@ -52,15 +52,13 @@ struct Calibration {
     double sign() const { return resolution < 0.0 ? -1.0 : 1.0; }
 };
 
-void addPixels(Subject& subject, const ZyrRangeImage& image, int stride) {
+void addPixels(Subject& subject, const ZyrRangeImage& image, const ZyrColorArray& pixels,
+               int stride) {
     const Calibration x(image.ResolutionX(), image.OffsetX());
     const Calibration y(image.ResolutionY(), image.OffsetY());
     const Calibration z(image.ResolutionZ(), image.OffsetZ());
     const bool isZeroMissing = image.DataType() == CV_16U;
-    const std::vector<cv::Vec3b> colors =
-        image.IsValidColor()
-            ? colorsOf(image.DeepCopyColors(), at(image.Width()) * at(image.Height()))
-            : std::vector<cv::Vec3b>();
+    const std::vector<cv::Vec3b> colors = colorsOf(pixels, at(image.Width()) * at(image.Height()));
     for (int row = 0; row < image.Height(); row += stride)
         for (int column = 0; column < image.Width(); column += stride) {
             const double value = image.GetValue(row, column);
@@ -117,11 +115,15 @@ Subject subjectOf(ZyrTriangleMesh& mesh) {
 }
 
 Subject subjectOf(const ZyrRangeImage& image) {
+    return subjectOf(image, image.DeepCopyColors());
+}
+
+Subject subjectOf(const ZyrRangeImage& image, const ZyrColorArray& colors) {
     Subject subject;
     subject.isHeightMap = true;
     if (image.Width() < 1 || image.Height() < 1) return subject;
     const int stride = strideFor(image);
-    addPixels(subject, image, stride);
+    addPixels(subject, image, colors, stride);
     dropStrays(subject);
     subject.stretch[2] = stretchOfHeights(subject);
     std::vector<cv::Vec3d> seen = subject.points;

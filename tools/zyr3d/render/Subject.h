@@ -37,6 +37,8 @@ Subject subjectOf(ZyrTriangleMesh& mesh);
 /// The surface over its pixels by the calibration. Missing are what is no finite number and, of
 /// unsigned 16-bit values, 0. Heights whose unit can't be the pixels' are stretched for the eye.
 Subject subjectOf(const ZyrRangeImage& image);
+/// With colours that are not its own, one a pixel; of any other number they are ignored.
+Subject subjectOf(const ZyrRangeImage& image, const ZyrColorArray& colors);
 
 /// The lowest and highest coordinates of what is drawn.
 struct Bounds {
