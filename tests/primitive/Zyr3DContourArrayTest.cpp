@@ -59,14 +59,13 @@ Zyr3DContour contourOf(const ZyrVector3dArray& array) {
     return contour;
 }
 
-/// Adds a point to each of the shares, so that contours that still share them grow by one.
+/// Changes the first point of each of the shares and adds one, so that contours that still share
+/// them grow by one.
 void extend(std::vector<ZyrVector3dArray>& shares) {
-    for (ZyrVector3dArray& share : shares) share.Append(ZyrVector3d(7, 8, 9));
-}
-
-/// Changes the first point of each of the shares.
-void alter(std::vector<ZyrVector3dArray>& shares) {
-    for (ZyrVector3dArray& share : shares) share[0] = ZyrVector3d(7, 8, 9);
+    for (ZyrVector3dArray& share : shares) {
+        share[0] = ZyrVector3d(7, 8, 9);
+        share.Append(ZyrVector3d(7, 8, 9));
+    }
 }
 
 }  // namespace
@@ -94,7 +93,6 @@ TEST(Zyr3DContourArray, AppendedListIsIndependentAndInOrder) {
     SharedList a({1, 2}), b({3, 4});
     a.list.Append(b.list);
     extend(b.shares);
-    alter(b.shares);
     EXPECT_EQ(contents(a.list), untouched({1, 2, 3, 4}));
     EXPECT_EQ(lengths(b.list), (std::vector{4, 5}));
 }
@@ -258,7 +256,6 @@ TEST(Zyr3DContourArray, CopyConstructedListIsIndependent) {
     SharedList a({1, 2});
     const Zyr3DContourArray copy(a.list);
     extend(a.shares);
-    alter(a.shares);
     a.list.Remove(0);
     EXPECT_EQ(contents(copy), untouched({1, 2}));
 }
@@ -267,10 +264,8 @@ TEST(Zyr3DContourArray, AssignedListIsIndependent) {
     SharedList a({1, 2});
     SharedList b({5, 6, 7});
     EXPECT_EQ(&(b.list = a.list), &b.list);
-    for (SharedList* each : {&a, &b}) {
-        extend(each->shares);
-        alter(each->shares);
-    }
+    extend(a.shares);
+    extend(b.shares);
     EXPECT_EQ(contents(b.list), untouched({1, 2}));
 }
 
