@@ -59,8 +59,7 @@ Zyr3DContour contourOf(const ZyrVector3dArray& array) {
     return contour;
 }
 
-/// Changes the first point of each of the shares and adds one, so that contours that still share
-/// them grow by one.
+/// Changes the first point of each share and adds one: contours that still share grow by one.
 void extend(std::vector<ZyrVector3dArray>& shares) {
     for (ZyrVector3dArray& share : shares) {
         share[0] = ZyrVector3d(7, 8, 9);
