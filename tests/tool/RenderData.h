@@ -62,7 +62,8 @@ inline ZyrRangeImage hillImage() {
     for (int i = 0; i < kWidth * kHeight; ++i) {
         const double x = (i % kWidth - 25) / 10.0, y = (i / kWidth - 20) / 10.0;
         const bool isHole = i % kWidth > 40 && i % kWidth < 50 && i / kWidth > 30;
-        values.push_back(isHole ? 0 : static_cast<std::uint16_t>(1000 + 5000 * hill(x, y)));
+        const double value = isHole ? 0.0 : 1000 + 5000 * hill(x, y);
+        values.push_back(static_cast<std::uint16_t>(value));
     }
     return ZyrRangeImage(values.data(), kWidth, kHeight, 0, CV_16U, 0, 0, 0.01, -10.0, 0.5, 0.0,
                          0.5, 0.0);

@@ -45,7 +45,7 @@ int renderFile(const Job& job, const RenderOptions& options, Output& output) {
         output.complain(job.input + ": nothing to draw: no valid points");
         return kDifference;
     }
-    if (options.isDepth) subject.stretch[2] = -subject.stretch[2];
+    if (options.isDepth && subject.isHeightMap) subject.stretch[2] = -subject.stretch[2];
     Look look = options.look;
     look.title = fs::path(job.input).filename().string();
     writePng(job.output, drawPicture(subject, look));
@@ -122,7 +122,7 @@ void addRender(CLI::App& app, int& outcome) {
         ->type_name("DIR");
     addLookOptions(*command, options->look);
     command->add_flag("--depth", options->isDepth,
-                      "The values grow away from the eye, as a camera's do");
+                      "The values of a range image grow away from the eye, as a camera's do");
     options->batch.addOption(*command);
     command->footer("Exit codes: 0 good, 1 a file has nothing to draw, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] { outcome = renderAll(*options); });

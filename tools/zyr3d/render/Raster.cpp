@@ -46,6 +46,13 @@ void Raster::put(int id, int row, int column, float height) {
     ids_.at<int>(row, column) = id;
 }
 
+void Raster::putAt(int id, const cv::Vec3d& at) {
+    const bool isInside = at[0] >= window_.x && at[0] < window_.br().x && at[1] >= window_.y &&
+                          at[1] < window_.br().y;
+    if (isInside)
+        put(id, static_cast<int>(at[1]), static_cast<int>(at[0]), static_cast<float>(at[2]));
+}
+
 cv::Rect Raster::pixelsBetween(const cv::Vec2f& low, const cv::Vec2f& high) const {
     const auto pixel = [](float at, int least, int most) {
         return static_cast<int>(
@@ -69,8 +76,7 @@ void Raster::drawDisk(int id, const cv::Vec3f& at, float radius) {
             const float square = dx * dx + dy * dy;
             if (square <= radius * radius) put(id, row, column, at[2] - bulge * square);
         }
-    const cv::Point middle(static_cast<int>(at[0]), static_cast<int>(at[1]));
-    if (window_.contains(middle)) put(id, middle.y, middle.x, at[2] - bulge);
+    putAt(id, {at[0], at[1], double{at[2]} - bulge});
 }
 
 void Raster::drawTriangle(int id, const cv::Vec3f& a, const cv::Vec3f& b, const cv::Vec3f& c) {
@@ -99,9 +105,7 @@ void Raster::drawLine(int id, const cv::Vec3f& a, const cv::Vec3f& b) {
     const double steps = std::min(std::ceil(lengthOf(a, b)), kMostSteps) + 1.0;
     for (double step = 0.0; step <= steps; step += 1.0) {
         const cv::Vec3d at = cv::Vec3d(a) * (1.0 - step / steps) + cv::Vec3d(b) * (step / steps);
-        const cv::Point pixel(static_cast<int>(std::floor(at[0])),
-                              static_cast<int>(std::floor(at[1])));
-        if (window_.contains(pixel)) put(id, pixel.y, pixel.x, static_cast<float>(at[2]));
+        putAt(id, at);
     }
 }
 

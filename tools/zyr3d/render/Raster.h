@@ -28,6 +28,7 @@ public:
 
 private:
     void put(int id, int row, int column, float height);
+    void putAt(int id, const cv::Vec3d& at);
     void drawLine(int id, const cv::Vec3f& a, const cv::Vec3f& b);
     /// The pixels whose middles lie between two points, within the window.
     cv::Rect pixelsBetween(const cv::Vec2f& low, const cv::Vec2f& high) const;

@@ -42,8 +42,8 @@ std::vector<float> radiiOf(const Subject& subject, const std::vector<cv::Vec3f>&
                            const Look& look, int finer) {
     if (look.pointSize)
         return std::vector<float>(placed.size(), static_cast<float>(*look.pointSize / 2 * finer));
-    const auto largest = std::max(
-        1.0F, static_cast<float>(0.006 * finer * std::min(look.size.width, look.size.height)));
+    const double side = std::min(look.size.width, look.size.height);
+    const auto largest = static_cast<float>(finer * std::max(3.0, 0.006 * side));
     if (subject.splats.size() < 2) return std::vector<float>(placed.size(), largest);
     const float share = subject.isGrid ? 0.6F : 1.25F;
     std::vector<float> radii =
