@@ -19,6 +19,7 @@ Words optionsOfPage(const std::string& page) {
     const std::size_t start = text.find(".SH OPTIONS\n");
     if (start == std::string::npos) return {"no list of options in " + page + ".1"};
     std::string list = text.substr(start, text.find("\n.SH ", start + 1) - start);
+    list = std::regex_replace(list, std::regex("\\\\f[BIP]"), "");
     list.erase(std::remove(list.begin(), list.end(), '\\'), list.end());
     return matches(list, "--[a-z][a-z-]*");
 }
