@@ -25,9 +25,6 @@ class Scene:
     def __init__(self, xyz, normals=None, rgb=None, faces=None):
         self.xyz, self.normals, self.rgb, self.faces = xyz, normals, rgb, faces
 
-    def corners(self):
-        return self.xyz[self.faces].reshape(-1, 3)
-
 
 # What the values are held against: read and written here, without zyr3d.
 
@@ -168,16 +165,22 @@ def numbers(got, truth):
     return f"differ by {np.nanmax(gap):.2g}"
 
 
+def by_corner(scene, part):
+    values = getattr(scene, part)
+    return None if values is None else values[scene.faces].reshape(-1, 3)
+
+
 def add_row(format_, direction, peer, data, got, truth):
-    is_stl = format_.startswith("STL")
-    is_sorted = got.faces is not None and np.array_equal(got.faces, truth.faces)
-    if truth.faces is not None and got.faces is not None and (is_stl or not is_sorted):
-        coordinates, faces = numbers(got.corners(), truth.corners()), "by corner"
-        normals = colors = "-"
-    else:
-        coordinates, faces = numbers(got.xyz, truth.xyz), numbers(got.faces, truth.faces)
-        normals, colors = numbers(got.normals, truth.normals), numbers(got.rgb, truth.rgb)
-    ROWS.append((format_, direction, peer, data, coordinates, normals, colors, faces))
+    faces = numbers(got.faces, truth.faces)
+    parts = ("xyz", "normals", "rgb")
+    pick = getattr
+    if truth.faces is not None and got.faces is not None and faces != "equal":
+        # Vertices in another order, or several at one place: then what the triangles see counts.
+        pick, faces = by_corner, "by corner"
+    if format_.startswith("STL"):
+        parts = ("xyz",)
+    values = [numbers(pick(got, part), pick(truth, part)) for part in parts]
+    ROWS.append((format_, direction, peer, data, *(values + ["-", "-"])[:3], faces))
 
 
 def attempt(format_, direction, peer, data, work, truth):

@@ -1,7 +1,9 @@
+#include <CLI/CLI.hpp>
 #include <opencv2/imgcodecs.hpp>
 
 #include "Program.h"
 #include "Scenes.h"
+#include "convert.h"
 
 namespace {
 
@@ -19,12 +21,34 @@ class ConvertCommand : public test::Tool {
 protected:
     Scene scene(const std::string& name) const { return zyr::readScene(path(name)); }
 
+    /// Runs the subcommand in this process, which saves the start of another.
+    static int runHere(const std::string& arguments) {
+        CLI::App app;
+        int outcome = 0;
+        zyr::addConvert(app, outcome);
+        app.parse("convert " + arguments);
+        return outcome;
+    }
+
+    void SetUp() override { fs::current_path(path(".")); }
+    void TearDown() override { fs::current_path("/"); }
+
     /// A good run; gives what it says.
-    std::string say(const std::string& arguments) const {
-        const test::Result result = run("convert " + arguments);
-        EXPECT_EQ(result.exitCode, 0) << arguments;
-        EXPECT_EQ(result.err, "") << arguments;
-        return result.out;
+    static std::string say(const std::string& arguments) {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(runHere(arguments), 0) << arguments;
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << arguments;
+        return testing::internal::GetCapturedStdout();
+    }
+
+    static void expectRefusal(const std::string& arguments, const std::string& text) {
+        try {
+            runHere(arguments);
+            ADD_FAILURE() << arguments;
+        } catch (const CLI::ParseError& error) {
+            EXPECT_TRUE(isThere(error.what(), text)) << error.what();
+        }
     }
 
     /// Two points and a hole between them, with colours.
@@ -44,6 +68,16 @@ TEST_F(ConvertCommand, SaysWhatBecameOfAFile) {
     EXPECT_EQ(say("in.csv out.pcd"),
               "in.csv -> out.pcd: 3 points\n  1 holes as NaN\n"
               "  coordinates rounded to floats: by 1.49012e-09 at most\n");
+}
+
+TEST_F(ConvertCommand, SaysItToProgramsToo) {
+    writeCloud();
+    const std::string json = say("in.csv out.stl --grid 1x3 --json");
+    EXPECT_TRUE(isThere(json,
+                        "{\"file\":\"in.csv\",\"written\":\"out.stl\",\"points\":2,"
+                        "\"triangles\":0,\"holes\":1,\"invalid\":\"drop\",\"rounding\":"))
+        << json;
+    EXPECT_TRUE(isThere(json, "\"left_out\":[\"colours: STL has none\"]}\n")) << json;
 }
 
 TEST_F(ConvertCommand, SaysWhenFloatsAreExact) {
@@ -227,24 +261,25 @@ TEST_F(ConvertCommand, FileMayReplaceItself) {
 TEST_F(ConvertCommand, WrongWishesAreUsageErrors) {
     writeCloud();
     for (const std::string wish :
-         {"", "in.csv", "in.csv a.ply b.ply", "in.csv --to ply", "in.csv a.ply --out out",
+         {"in.csv", "in.csv a.ply b.ply", "in.csv --to ply", "in.csv a.ply --out out",
           "in.csv a.doc", "in.csv a.ply --invalid hide", "in.csv a.ply --ascii --binary",
           "in.csv a.ply --float --double", "in.csv a.ply --camera 1,2,3", "in.csv a.ply --grid 3",
           "in.csv a.ply --grid 0x3", "in.csv a.ply --camera 1,2,3,nan", "in.csv a.ply --jump 0",
           "in.csv a.ply --depth-scale 0", "in.csv a.ply --camera 0,1,2,3", "in.csv a.ply -j 0",
           "in.csv in.csv --to ply --out out"})
-        expectTrouble(run("convert " + wish), 2, "");
+        EXPECT_THROW(runHere(wish), CLI::ParseError) << wish;
+    expectTrouble(run("convert in.csv"), 2, "IN and OUT");
 }
 
 TEST_F(ConvertCommand, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     writeCloud();
-    expectTrouble(run("convert in.csv a.zpt --ascii"), 2, "no such body");
-    expectTrouble(run("convert in.csv a.ply --compressed"), 2, "no such body");
-    expectTrouble(run("convert in.csv a.pcd --big-endian"), 2, "no such body");
-    expectTrouble(run("convert in.csv a.zpt --invalid nan"), 2, "no NaN");
-    expectTrouble(run("convert in.csv a.zpt --float"), 2, "doubles alone");
-    expectTrouble(run("convert in.csv a.stl --double"), 2, "floats alone");
-    expectTrouble(run("convert in.csv a.pcd --mesh"), 2, "PCD holds no meshes");
+    expectRefusal("in.csv a.zpt --ascii", "no such body");
+    expectRefusal("in.csv a.ply --compressed", "no such body");
+    expectRefusal("in.csv a.pcd --big-endian", "no such body");
+    expectRefusal("in.csv a.zpt --invalid nan", "no NaN");
+    expectRefusal("in.csv a.zpt --float", "doubles alone");
+    expectRefusal("in.csv a.stl --double", "floats alone");
+    expectRefusal("in.csv a.pcd --mesh", "PCD holds no meshes");
     expectTrouble(run("convert in.csv a.stl"), 2, "in.csv: a cloud becomes a mesh by its grid");
     expectTrouble(run("convert in.csv a.png"), 2, "in.csv: PNG holds range images alone");
     expectTrouble(run("convert in.csv a.ply --grid 2x2"), 2, "--grid 2x2 does not fit 3 points");
@@ -295,13 +330,16 @@ TEST_F(ConvertCommand, TrianglesOfMeshFilesAreHeldAgainstTheVertices) {
 }
 
 TEST_F(ConvertCommand, HelpIsGood) {
-    EXPECT_TRUE(isThere(say("--help"), "--invalid keep|nan|drop"));
+    const test::Result result = run("convert --help");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(isThere(result.out, "--invalid keep|nan|drop"));
 }
 
 /// A published file through a format and back: what it gives is the same.
 class ConvertRealData : public ConvertCommand {
 protected:
     void SetUp() override {
+        ConvertCommand::SetUp();
         if (!fs::exists(ZYR_DATA_DIR)) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
     }
 };

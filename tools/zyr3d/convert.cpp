@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "Answer.h"
 #include "Batch.h"
 #include "Outcome.h"
 #include "convert/Conversion.h"
@@ -18,6 +19,7 @@ struct ConvertOptions {
     std::vector<std::string> files;
     std::string suffix, folder;
     ConvertSettings settings;
+    bool isJson = false;
     Batch batch;
 };
 
@@ -168,9 +170,13 @@ void createFolder(const std::string& folder) {
     if (error) throw FileTrouble(folder + ": " + error.message());
 }
 
-int convertOne(const std::string& in, const std::string& out, const ConvertSettings& settings,
+int convertOne(const std::string& in, const std::string& out, const ConvertOptions& options,
                Output& output) try {
-    convertFile(in, out, settings, output);
+    const Conversion conversion = convertFile(in, out, options.settings);
+    if (options.isJson)
+        conversion.printJson(in, out, output.out);
+    else
+        conversion.print(in, out, output.out);
     return kGood;
 } catch (const UsageTrouble& trouble) {
     output.complain(trouble.what());
@@ -188,7 +194,8 @@ int convertAll(const ConvertOptions& options) try {
     std::vector<std::string> inputs = options.files;
     inputs.resize(outputs.size());
     return options.batch.run(inputs, [&](std::size_t i, Output& output) {
-        return convertOne(inputs[i], outputs[i], options.settings, output);
+        return withJsonError(options.isJson, inputs[i], output,
+                             [&] { return convertOne(inputs[i], outputs[i], options, output); });
     });
 } catch (const UsageTrouble& trouble) {
     throw CLI::ValidationError("convert", trouble.what());
@@ -209,6 +216,7 @@ void addConvert(CLI::App& app, int& outcome) {
     addBodies(*command, options->settings);
     addHoles(*command, options->settings.holes);
     addSceneOptions(*command, options->settings);
+    command->add_flag("--json", options->isJson, "A JSON object a file, one a line");
     options->batch.addOption(*command);
     command->callback([options, &outcome] { outcome = convertAll(*options); });
 }

@@ -1,7 +1,9 @@
 #include "convert/Conversion.h"
 
+#include <ostream>
+
+#include "Facts.h"
 #include "Table.h"
-#include "convert/Fit.h"
 
 namespace zyr {
 namespace {
@@ -74,23 +76,49 @@ void checkSettings(const ConvertSettings& settings, const Format& format) {
         throw UsageTrouble(name + " holds no meshes");
 }
 
-void convertFile(const std::string& in, const std::string& out, const ConvertSettings& settings,
-                 Output& output) try {
+Conversion convertFile(const std::string& in, const std::string& out,
+                       const ConvertSettings& settings) try {
     const Format& format = *formatOf(out);
-    Scene scene = readScene(in);
+    Conversion result;
+    Scene& scene = result.scene;
+    scene = readScene(in);
     fitKind(scene, format, settings);
     fitAttributes(scene, format);
-    const Holes holes = settings.holes.value_or(format.holes);
-    const Loss loss = fitHoles(scene, holes, format.can(kNanMarks));
+    result.holes = settings.holes.value_or(format.holes);
+    result.loss = fitHoles(scene, result.holes, format.can(kNanMarks));
     const WriteOptions options{settings.body, isFloat(settings, format)};
     writeScene(scene, out, options);
-    output.out << in << " -> " << out << ": " << facts(scene) << "\n";
-    if (loss.holes > 0) output.out << "  " << holesText(loss, holes) << "\n";
-    if (options.isFloat && scene.kind != Scene::Range)
-        output.out << "  " << roundingText(floatRounding(scene)) << "\n";
-    for (const std::string& what : scene.leftOut) output.out << "  left out: " << what << "\n";
+    if (options.isFloat && scene.kind != Scene::Range) result.rounding = floatRounding(scene);
+    return result;
 } catch (const UsageTrouble& trouble) {
     throw UsageTrouble(in + ": " + trouble.what());
+}
+
+void Conversion::print(const std::string& in, const std::string& out, std::ostream& stream) const {
+    stream << printable(in + " -> " + out) << ": " << facts(scene) << "\n";
+    if (loss.holes > 0) stream << "  " << holesText(loss, holes) << "\n";
+    if (rounding) stream << "  " << roundingText(*rounding) << "\n";
+    for (const std::string& what : scene.leftOut)
+        stream << "  left out: " << printable(what) << "\n";
+}
+
+void Conversion::printJson(const std::string& in, const std::string& out,
+                           std::ostream& stream) const {
+    const char* const fates[] = {"keep", "nan", "drop"};
+    Facts facts;
+    facts.word("written", out);
+    if (scene.kind == Scene::Range) {
+        facts.size("size", static_cast<std::uint64_t>(scene.range.Width()),
+                   static_cast<std::uint64_t>(scene.range.Height()));
+    } else {
+        facts.count("points", static_cast<std::uint64_t>(scene.cloud.Length()));
+        facts.count("triangles", static_cast<std::uint64_t>(scene.triangleCount()));
+        facts.count("holes", loss.holes);
+        facts.word("invalid", fates[static_cast<int>(holes)]);
+    }
+    if (rounding) facts.add("rounding", "", *rounding);
+    facts.add("left out", "", scene.leftOut);
+    facts.printJson(stream, in);
 }
 
 }  // namespace zyr
