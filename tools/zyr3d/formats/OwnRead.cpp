@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "Outcome.h"
+#include "check/Check.h"
 #include "files/CloudFile.h"
 #include "files/RangeFile.h"
 #include "formats/Readers.h"
@@ -56,8 +57,7 @@ Scene readZpt(const std::string& path) {
 Scene readZtmt(const std::string& path) {
     requireWhole(path, scanMeshFile(path));
     ZyrTriangleMesh mesh;
-    if (!mesh.Load(path.c_str(), true, true))
-        throw FileTrouble(path + ": refused: its header is incomplete or its body does not fit it");
+    if (!mesh.Load(path.c_str(), true, true)) explainRefusal(path);
     Scene scene;
     scene.kind = Scene::Mesh;
     scene.cloud = ZyrPointCloud(mesh.DeepCopyVertex(), mesh.DeepCopyVertexColor(),
