@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 
 #include "LZF.h"
 
@@ -87,32 +86,10 @@ std::size_t matchLength(const Byte* candidate, const Byte* here, std::size_t lim
     return length;
 }
 
-LzfResult decompress(const Byte* in, std::size_t inLen, std::size_t readable, Byte* out,
-                     std::size_t outLen) {
-    std::size_t ip = 0;
-    std::size_t op = 0;
-    while (ip < inLen) {
-        const std::size_t control = in[ip++];
-        if (control < MAX_LIT) {
-            const std::size_t run = control + 1;
-            if (run > outLen - op) return {LzfEnd::Overrun, op};
-            const std::size_t there = std::min(run, readable - ip);
-            std::memcpy(out + op, in + ip, there);
-            ip += there;
-            op += there;
-            if (there < run) return {LzfEnd::Cut, op};
-            continue;
-        }
-        std::size_t length = (control >> 5) + 2;
-        const bool isLong = length == 9;
-        if (readable - ip < (isLong ? 2U : 1U)) return {LzfEnd::Cut, op};
-        if (isLong) length += in[ip++];
-        const std::size_t distance = ((control & 31) << 8) + in[ip++] + 1;
-        if (length > outLen - op) return {LzfEnd::Overrun, op};
-        if (distance > op) return {LzfEnd::BadReference, op};
-        for (; length > 0; --length, ++op) out[op] = out[op - distance];
-    }
-    return {LzfEnd::Whole, op};
+/// Bytes of the chunk that starts with the control byte.
+std::size_t chunkBytes(std::size_t control) {
+    if (control < MAX_LIT) return control + 2;
+    return control >> 5 == 7 ? 3 : 2;
 }
 
 }  // namespace
@@ -147,12 +124,16 @@ std::size_t lzfCompress(const Byte* in, std::size_t inLen, Byte* out, std::size_
 }
 
 LzfResult lzfDecompress(const Byte* in, std::size_t inLen, Byte* out, std::size_t outLen) {
-    return decompress(in, inLen, inLen, out, outLen);
+    const LzfStep step = lzfDecodeStep(in, inLen, out, 0, outLen);
+    return {step.end, step.produced + step.partial};
 }
 
 LzfResult lzfDecompressTrusted(const Byte* in, std::size_t inLen, Byte* out, std::size_t outLen) {
-    constexpr auto kUnbounded = std::numeric_limits<std::size_t>::max();
-    return decompress(in, std::max<std::size_t>(inLen, 1), kUnbounded, out, outLen);
+    const LzfStep step = lzfDecodeStep(in, std::max<std::size_t>(inLen, 1), out, 0, outLen);
+    if (step.end != LzfEnd::Cut) return {step.end, step.produced};
+    const Byte* last = in + step.consumed;
+    const LzfStep end = lzfDecodeStep(last, chunkBytes(*last), out, step.produced, outLen);
+    return {end.end, step.produced + end.produced};
 }
 
 }  // namespace zyr
