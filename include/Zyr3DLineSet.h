@@ -16,8 +16,10 @@ struct Wireframe;
 /// assignment and the setters share both arrays as ZyrVector3dArray does; DeepCopy gives arrays of
 /// one's own.
 ///
-/// A line or vertex index out of range does nothing, each end of a line for itself: an operation on
-/// the odd index at the end changes that one alone.
+/// An operation on a line or vertex out of range does nothing; Select and [] give invalid ends. The
+/// odd index at the end counts as the first of a line without a second one: ReplaceLine and
+/// RemoveLine act on it alone, SwapLine exchanges it with the other line's first index, and Insert
+/// does nothing.
 class ZYR_EXPORT Zyr3DLineSet {
 public:
     Zyr3DLineSet();
@@ -55,7 +57,8 @@ public:
     void ReplaceLine(int k, int a, int b);
     /// Removes the line and leaves its vertices.
     void RemoveLine(int k);
-    /// Puts a and b between the two indices of line k: (a0, b0) becomes (a0, a), (b, b0).
+    /// Puts a and b between the two indices of line k: (a0, b0) becomes (a0, a), (b, b0). Never
+    /// appends: k = NumLine() is out of range.
     void Insert(int k, int a, int b);
     void SwapLine(int i, int j);
 

@@ -79,7 +79,7 @@ public:
     int ShapeType3D() const;
 
     /// Takes over a region's description, and gives the shape's to a region: without loss, and
-    /// nothing is checked.
+    /// nothing is checked. A source that holds nothing, or an unknown kind, makes the type 0.
     void From3DROI(const Zyr3DROI& roi);
     void To3DROI(Zyr3DROI* roi);
 

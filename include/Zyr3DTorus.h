@@ -29,8 +29,9 @@ public:
     Zyr3DTorusType Type() const;
 
     /// Whether centre and angle are valid, 0 <= inner <= outer radius, outer radius > 0,
-    /// 0 <= start <= 360 and span >= 0. Otherwise the torus becomes a default one. The span has no
-    /// upper bound and the type no say: any number passes.
+    /// 0 <= start <= 360 and span >= 0. Otherwise the torus becomes a default one. The radii
+    /// and the span have no upper bound and the type no say: any number passes here, while regions
+    /// and shapes take the types 0 and 1 only.
     bool IsValid();
 
 private:
