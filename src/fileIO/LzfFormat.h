@@ -15,4 +15,7 @@ constexpr std::size_t lzfWorstCase(std::size_t inLen) {
 /// What a byte of a stream decodes to at the most: a reference of three bytes gives up to 264.
 constexpr std::size_t kLzfMaxExpansion = 88;
 
+/// Bytes that a reference gives at the most.
+constexpr std::size_t kLzfMaxReference = 264;
+
 }  // namespace zyr
