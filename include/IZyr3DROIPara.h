@@ -46,14 +46,17 @@ struct ParameterBlock {
 /// Gen3D... stores a region in place of the one before, and Get3D... reads it back. The doubles lie
 /// in the order of the arguments, x y z for a vector, exactly as given: nothing is normalised.
 /// Angles are in degrees. A block that holds no region has type 0 and no doubles: a new one, and
-/// any whose Gen3D... was given bad arguments, which also loses the region held before. (Only an
-/// empty shape's To3DROI leaves doubles at type 0.) ThirdROIType tells whether storing succeeded.
+/// any whose Gen3D... was given bad arguments, which also loses the region held before. (Only
+/// To3DROI of a shape without a known kind leaves doubles at type 0.) ThirdROIType tells whether
+/// storing succeeded. A copy of a block holds the same and shares nothing.
 ///
 /// Get3D... never changes the block. It returns false, with the outputs untouched, when the block
-/// holds another kind or too few doubles. Otherwise it fills all outputs and returns whether they
-/// pass the check for reading, which is not the check for storing: blocks come from elsewhere too,
-/// and callers rely on just these checks. Valid is what ZyrVector3d::IsValid tells; a direction is
-/// a valid vector whose Norm() is not 0. Reading checks what storing does, save where told below.
+/// holds another kind or too few doubles. Otherwise it fills all outputs, ignoring surplus doubles,
+/// and returns whether they pass the check for reading, which is not the check for storing: blocks
+/// come from elsewhere too, and callers rely on just these checks. Polygons and irregular regions
+/// have rules of their own. Valid is what ZyrVector3d::IsValid tells; a direction is a valid vector
+/// whose Norm() is not 0. Reading checks what storing does, save where told below. Where a double
+/// is truncated to a 32-bit integer, one that does not fit, and NaN, gives -2147483648.
 class ZYR_EXPORT IZyr3DROIPara {
 public:
     IZyr3DROIPara();
@@ -133,9 +136,9 @@ public:
 
     /// Three or more vertices, all valid; they may lie on one line.
     void Gen3DPolygon(ZyrVector3dArray& vertices);
-    /// Clears the array first, whatever follows, for those who share it too. False unless the
-    /// block holds a polygon of whole vertices, which are not checked again: none is as good as
-    /// many.
+    /// Clears the array first, whatever follows, then adds what it reads; those who share the array
+    /// see both. False unless the block holds a polygon of whole vertices, which are not checked
+    /// again: none is as good as many.
     bool Get3DPolygon(ZyrVector3dArray* vertices);
 
     /// At least one line. Vertices and indices are not checked. Stored are the number of vertices,
@@ -144,8 +147,8 @@ public:
     void Gen3DIrregular(Zyr3DLineSet& lines);
     /// Clears the line set first, whatever follows, for those who share its arrays too; what is
     /// read goes into arrays of its own. Counts and indices are truncated to 32-bit integers. False
-    /// unless the block holds an irregular region of exactly as many doubles as its two counts,
-    /// neither of them negative, ask for.
+    /// unless the block holds an irregular region of exactly as many doubles as its two counts ask
+    /// for: one of fewer than 2 doubles or with a negative count is refused.
     bool Get3DIrregular(Zyr3DLineSet* lines);
 
     /// The code of its kind, as listed above: 0 when the block holds no region.

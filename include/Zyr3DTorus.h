@@ -17,9 +17,11 @@ enum Zyr3DTorusType : int {
 class ZYR_EXPORT Zyr3DTorus {
 public:
     Zyr3DTorus();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DTorus(const ZyrVector3d& center, const ZyrVector3d& angle, double radiusInner,
                double radiusOuter, double startAngle, double spanAngle, Zyr3DTorusType type);
 
+    /// As stored, angles in degrees.
     ZyrVector3d Center();
     ZyrVector3d Angle();
     double RadiusInner() const;
@@ -29,8 +31,9 @@ public:
     Zyr3DTorusType Type() const;
 
     /// Whether centre and angle are valid, 0 <= inner <= outer radius, outer radius > 0,
-    /// 0 <= start <= 360 and span >= 0. Otherwise the torus becomes a default one. The span has no
-    /// upper bound and the type no say: any number passes.
+    /// 0 <= start <= 360 and span >= 0. Otherwise the torus becomes a default one. The radii
+    /// and the span have no upper bound and the type no say: any number passes here, while regions
+    /// and shapes take the types 0 and 1 only.
     bool IsValid();
 
 private:

@@ -11,6 +11,8 @@
 /// hand has them, else through its ordinary calls on the converted path.
 namespace zyr::codec {
 
+// Needed for the look-up: a plain wide path does not lead to cv's calls by wide path, and cv:: in
+// front of them would not compile where they are missing.
 using namespace cv;
 
 /// Puts the calling thread under the C locale, since OpenCV compares suffixes under the thread's.

@@ -129,6 +129,24 @@ TEST(MeshColumns, GroupsMayComeInAnyOrder) {
     EXPECT_EQ(test::values(mesh.vertexNormals), (Values{0, 2, 4, 1, 3, 5}));
 }
 
+// The columns before are unknown ones with one element a vertex, for no face field stands before
+// them.
+TEST(MeshColumns, OfRepeatedGroupsTheLastIsRead) {
+    expectPlain(
+        load(MeshHeader(2, 1).columns("x y z fa fb fc x y z fa fb fc", "8 8 8 4 4 4 8 8 8 4 4 4"),
+             all({Bytes(48, 9), Bytes(24, 9), doubles(), corners()})));
+    expectPlain(load(MeshHeader(2, 1).columns("x y z x y z fa fb fc", "8 8 8 8 8 8 4 4 4"),
+                     all({Bytes(48, 9), doubles(), corners()})));
+}
+
+TEST(MeshColumns, OfRepeatedFaceFieldsBehindOthersTheFirstHaveOneElementAFace) {
+    const LoadedMesh mesh =
+        load(MeshHeader(2, 1).columns("x y z frgb fa fb fc fa fb fc", "8 8 8 4 4 4 4 4 4 4"),
+             all({doubles(), bytesOf<int>({1}), Bytes(12, 9), corners()}));
+    expectPlain(mesh);
+    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{1, 0, 0}));
+}
+
 TEST(MeshColumns, FirstOfManyValuesIsRead) {
     MeshHeader header = MeshHeader(2, 1).columns("x y z rgb fa fb fc", "8 8 8 4 4 4 4");
     header.count = "COUNT 2 1 1 2 1 3 1";

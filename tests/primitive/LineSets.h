@@ -27,6 +27,7 @@ inline Zyr3DLineSet withIndices(int count) {
     return Zyr3DLineSet(vertices(4), indices(count));
 }
 
+/// Whole lines: without an odd index at the end.
 inline std::vector<int> lines(Zyr3DLineSet& set) {
     const int* first = set.LineData();
     return std::vector<int>(first, first + 2 * set.NumLine());

@@ -37,15 +37,34 @@ std::vector<int> lengths(const Zyr3DContourArray& list) {
     return result;
 }
 
+using Contents = std::vector<std::vector<double>>;
+
+/// The points of each contour.
+Contents contents(const Zyr3DContourArray& list) {
+    Contents result;
+    for (int i = 0; i < list.Length(); ++i) result.push_back(test::values(list[i].ToPointArray()));
+    return result;
+}
+
+/// Of contours of the given lengths that nobody has changed.
+Contents untouched(const std::vector<int>& lengths) {
+    Contents result;
+    for (const int length : lengths) result.push_back(test::values(points(length)));
+    return result;
+}
+
 Zyr3DContour contourOf(const ZyrVector3dArray& array) {
     Zyr3DContour contour;
     contour.FromPointArray(array);
     return contour;
 }
 
-/// Adds a point to each of the shares, so that contours that still share them grow by one.
+/// Changes the first point of each share and adds one: contours that still share grow by one.
 void extend(std::vector<ZyrVector3dArray>& shares) {
-    for (ZyrVector3dArray& share : shares) share.Append(ZyrVector3d(7, 8, 9));
+    for (ZyrVector3dArray& share : shares) {
+        share[0] = ZyrVector3d(7, 8, 9);
+        share.Append(ZyrVector3d(7, 8, 9));
+    }
 }
 
 }  // namespace
@@ -64,15 +83,16 @@ TEST(Zyr3DContourArray, AppendedContourIsIndependent) {
     contour.FromPointArray(array);
     Zyr3DContourArray list;
     list.Append(contour);
+    array[0] = ZyrVector3d(7, 8, 9);
     array.Append(ZyrVector3d(7, 8, 9));
-    EXPECT_EQ(lengths(list), (std::vector{2}));
+    EXPECT_EQ(contents(list), untouched({2}));
 }
 
 TEST(Zyr3DContourArray, AppendedListIsIndependentAndInOrder) {
     SharedList a({1, 2}), b({3, 4});
     a.list.Append(b.list);
     extend(b.shares);
-    EXPECT_EQ(lengths(a.list), (std::vector{1, 2, 3, 4}));
+    EXPECT_EQ(contents(a.list), untouched({1, 2, 3, 4}));
     EXPECT_EQ(lengths(b.list), (std::vector{4, 5}));
 }
 
@@ -81,6 +101,8 @@ TEST(Zyr3DContourArray, AppendingAListToItselfDoublesItIndependently) {
     a.list.Append(a.list);
     extend(a.shares);
     EXPECT_EQ(lengths(a.list), (std::vector{2, 3, 1, 2}));
+    EXPECT_EQ(test::values(a.list[2].ToPointArray()), test::values(points(1)));
+    EXPECT_EQ(test::values(a.list[3].ToPointArray()), test::values(points(2)));
 }
 
 TEST(Zyr3DContourArray, InsertPutsAnIndependentContourBeforeTheElement) {
@@ -89,8 +111,9 @@ TEST(Zyr3DContourArray, InsertPutsAnIndependentContourBeforeTheElement) {
     Zyr3DContour contour;
     contour.FromPointArray(array);
     a.list.Insert(1, contour);
+    array[0] = ZyrVector3d(7, 8, 9);
     array.Append(ZyrVector3d(7, 8, 9));
-    EXPECT_EQ(lengths(a.list), (std::vector{1, 5, 2}));
+    EXPECT_EQ(contents(a.list), untouched({1, 5, 2}));
 }
 
 TEST(Zyr3DContourArray, InsertOutOfRangeDoesNothing) {
@@ -214,8 +237,10 @@ TEST(Zyr3DContourArray, IndexingGivesAnIndependentContour) {
     SharedList a({1, 2});
     const Zyr3DContourArray& list = a.list;
     Zyr3DContour copy = list[1];
+    EXPECT_EQ(test::values(copy.ToPointArray()), test::values(points(2)));
     copy.ToPointArray().Append(ZyrVector3d(7, 8, 9));
-    EXPECT_EQ(lengths(a.list), (std::vector{1, 2}));
+    copy.ToPointArray()[0] = ZyrVector3d(7, 8, 9);
+    EXPECT_EQ(contents(a.list), untouched({1, 2}));
     extend(a.shares);
     EXPECT_EQ(copy.Length(), 3);
 }
@@ -231,7 +256,7 @@ TEST(Zyr3DContourArray, CopyConstructedListIsIndependent) {
     const Zyr3DContourArray copy(a.list);
     extend(a.shares);
     a.list.Remove(0);
-    EXPECT_EQ(lengths(copy), (std::vector{1, 2}));
+    EXPECT_EQ(contents(copy), untouched({1, 2}));
 }
 
 TEST(Zyr3DContourArray, AssignedListIsIndependent) {
@@ -240,7 +265,7 @@ TEST(Zyr3DContourArray, AssignedListIsIndependent) {
     EXPECT_EQ(&(b.list = a.list), &b.list);
     extend(a.shares);
     extend(b.shares);
-    EXPECT_EQ(lengths(b.list), (std::vector{1, 2}));
+    EXPECT_EQ(contents(b.list), untouched({1, 2}));
 }
 
 TEST(Zyr3DContourArray, SelfAssignmentKeepsWhatContoursShare) {

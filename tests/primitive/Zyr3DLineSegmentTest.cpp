@@ -80,6 +80,15 @@ TEST(Zyr3DLineSegment, LineOfEndsTooFarApartHasTheInvalidVectorAsDirection) {
     EXPECT_EQ(values(line.point), (std::vector<double>{-3e38, 0, 0}));
 }
 
+TEST(Zyr3DLineSegment, LineOfAnInvalidEndHasTheInvalidVectorAsDirection) {
+    for (const ZyrVector3d& end : test::barelyInvalidVectors())
+        for (Zyr3DLineSegment segment : {withFirst(end), withSecond(end)}) {
+            const Zyr3DLine line = segment.to3DLine();
+            EXPECT_EQ(values(line.direction), values(ZyrVector3d())) << test::text(end);
+            EXPECT_EQ(test::text(line.point), test::text(segment.p1));
+        }
+}
+
 TEST(Zyr3DLineSegment, LineIsValidAlongAnAxisOnly) {
     EXPECT_TRUE(Zyr3DLineSegment({1, 2, 3}, {1, 2, -3}).to3DLine().IsValid());
     EXPECT_FALSE(Zyr3DLineSegment({1, 2, 3}, {4, 2, 7}).to3DLine().IsValid());

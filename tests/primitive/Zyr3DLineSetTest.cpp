@@ -7,6 +7,7 @@
 #include "primitive/LineSets.h"
 
 using test::indices;
+using test::indicesOf;
 using test::kVertex1;
 using test::lines;
 using test::points;
@@ -51,9 +52,25 @@ TEST(Zyr3DLineSet, OfABufferThatIsNoMultipleOfThreeIsEmpty) {
     int lineData[2] = {};
     for (const int count : {7, 5, 1, -1}) {
         Zyr3DLineSet set(vertexData, count, lineData, 2);
-        EXPECT_EQ(set.NumVertex(), 0) << count;
-        EXPECT_EQ(set.NumLine(), 0) << count;
+        EXPECT_EQ(set.VertexData(), nullptr) << count;
+        EXPECT_EQ(set.LineData(), nullptr) << count;
     }
+}
+
+TEST(Zyr3DLineSet, OfABufferKeepsAnOddIndexAtTheEnd) {
+    double vertexData[] = {1, 2, 3};
+    int lineData[] = {0, 1, 2, 3, 4};
+    Zyr3DLineSet set(vertexData, 3, lineData, 5);
+    EXPECT_EQ(set.NumLine(), 2);
+    EXPECT_EQ(indicesOf(set, 5), (std::vector{0, 1, 2, 3, 4}));
+}
+
+TEST(Zyr3DLineSet, OfANullVertexBufferHasItsLinesAlone) {
+    int lineData[] = {0, 1};
+    Zyr3DLineSet set(nullptr, 0, lineData, 2);
+    EXPECT_EQ(set.NumLine(), 1);
+    EXPECT_EQ(lines(set), (std::vector{0, 1}));
+    EXPECT_EQ(set.NumVertex(), 0);
 }
 
 TEST(Zyr3DLineSet, OfABufferMarksNoVertexAnew) {
@@ -111,10 +128,13 @@ TEST(Zyr3DLineSet, SelfAssignmentChangesNothing) {
 TEST(Zyr3DLineSet, DeepCopyHasArraysOfItsOwn) {
     Zyr3DLineSet a = withIndices(2);
     Zyr3DLineSet c = a.DeepCopy();
+    ZyrVector3d v(7, 8, 9);
+    a.ReplaceVetex(0, v);
+    a.ReplaceLine(0, 8, 9);
     a.AppendLine(0, 1);
-    a.AppendVertex(ZyrVector3d(7, 8, 9));
+    a.AppendVertex(v);
     EXPECT_EQ(lines(c), (std::vector{0, 1}));
-    EXPECT_EQ(c.NumVertex(), 4);
+    EXPECT_EQ(points(c), values(vertices(4)));
 }
 
 TEST(Zyr3DLineSet, SettersShareTheGivenArrays) {

@@ -124,6 +124,16 @@ TEST(Zyr3DPlane, ThroughPointsThatAreTooFarFromTheMiddleOneIsADefaultOne) {
     EXPECT_TRUE(areIdentical(Zyr3DPlane(near, middle, far), Zyr3DPlane()));
 }
 
+// The far point lies along x alone, so that its distance is exact.
+TEST(Zyr3DPlane, OuterPointAsFarAsTheInvalidValueMakesADefaultOne) {
+    const ZyrVector3d far(-test::kInvalid, 0, 0), middle(0, 0, 0), near(0, 1e-30, 0);
+    const ZyrVector3d barelyNear(-test::below(test::kInvalid), 0, 0);
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(far, middle, near), Zyr3DPlane()));
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(near, middle, far), Zyr3DPlane()));
+    EXPECT_TRUE(Zyr3DPlane(barelyNear, middle, near).IsValid());
+    EXPECT_TRUE(Zyr3DPlane(near, middle, barelyNear).IsValid());
+}
+
 TEST(Zyr3DPlane, OuterPointsMayLieFartherApartThanTheInvalidValue) {
     const Zyr3DPlane plane({-2e38, 0, 0}, {0, 0, 0}, {2e38, 1e-30, 0});
     EXPECT_EQ(values(plane.normal), (std::vector<double>{0, 0, -1}));
@@ -134,6 +144,17 @@ TEST(Zyr3DPlane, ThroughThreePointsNeedsAProductShorterThanTheInvalidValue) {
     EXPECT_TRUE(Zyr3DPlane({1e19, 0, 0}, origin, {0, 3e19, 0}).IsValid());
     EXPECT_TRUE(areIdentical(Zyr3DPlane({1e19, 0, 0}, origin, {0, 4e19, 0}), Zyr3DPlane()));
     EXPECT_TRUE(areIdentical(Zyr3DPlane({0, 4e19, 0}, origin, {1e19, 0, 0}), Zyr3DPlane()));
+}
+
+// The product is (0, 0, z) with z twice as long as the point at x lies away: negative, so that it
+// is a valid vector of that length.
+TEST(Zyr3DPlane, ProductAsLongAsTheInvalidValueMakesADefaultOne) {
+    const ZyrVector3d origin(0, 0, 0), two(0, 2, 0);
+    const ZyrVector3d half(-test::kInvalid / 2, 0, 0), less(-test::below(test::kInvalid) / 2, 0, 0);
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(half, origin, two), Zyr3DPlane()));
+    EXPECT_TRUE(areIdentical(Zyr3DPlane(two, origin, half), Zyr3DPlane()));
+    EXPECT_TRUE(Zyr3DPlane(less, origin, two).IsValid());
+    EXPECT_TRUE(Zyr3DPlane(two, origin, less).IsValid());
 }
 
 TEST(Zyr3DPlane, NormalVectorIsTheStoredOneWhenThatIsNormalisedRoughly) {
@@ -152,6 +173,13 @@ TEST(Zyr3DPlane, NormalVectorWithANaNIsTheStoredOne) {
     const ZyrVector3d normal = withNormal(ZyrVector3d(test::kNaN, 0, 5)).NormalVector();
     EXPECT_TRUE(std::isnan(normal.x));
     EXPECT_EQ(normal.z, 5);
+}
+
+TEST(Zyr3DPlane, NormalVectorOfAZeroNormalIsNaNsAndTheStoredOneStays) {
+    Zyr3DPlane plane = withNormal(ZyrVector3d(0, 0, 0));
+    const ZyrVector3d normal = plane.NormalVector();
+    EXPECT_TRUE(std::isnan(normal.x) && std::isnan(normal.y) && std::isnan(normal.z));
+    EXPECT_EQ(values(plane.normal), (std::vector<double>{0, 0, 0}));
 }
 
 TEST(Zyr3DPlane, NormalVectorOfOneTooLongIsInvalidAndTheStoredOneStays) {

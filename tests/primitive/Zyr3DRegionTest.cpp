@@ -6,14 +6,17 @@
 
 namespace {
 
-/// With as many vertices as told.
-Zyr3DLineSet lineSet(int vertices) {
+/// With as many vertices and lines as told.
+Zyr3DLineSet lineSet(int count) {
     Zyr3DLineSet set;
-    for (int i = 0; i < vertices; ++i) set.AppendVertex(i, i, i);
+    for (int i = 0; i < count; ++i) {
+        set.AppendVertex(i, i, i);
+        set.AppendLine(0, i);
+    }
     return set;
 }
 
-/// With line sets of 1, 2, 3, ... vertices.
+/// With line sets of 1, 2, 3, ... vertices and lines.
 Zyr3DRegion region(int lineSets) {
     Zyr3DRegion result;
     for (int i = 1; i <= lineSets; ++i) result.Append(lineSet(i));
@@ -23,6 +26,12 @@ Zyr3DRegion region(int lineSets) {
 std::vector<int> vertexCounts(const Zyr3DRegion& region) {
     std::vector<int> counts;
     for (int i = 0; i < region.Length(); ++i) counts.push_back(region[i].NumVertex());
+    return counts;
+}
+
+std::vector<int> lineCounts(const Zyr3DRegion& region) {
+    std::vector<int> counts;
+    for (int i = 0; i < region.Length(); ++i) counts.push_back(region[i].NumLine());
     return counts;
 }
 
@@ -41,7 +50,9 @@ TEST(Zyr3DRegion, AppendedLineSetSharesTheArrays) {
     Zyr3DRegion list;
     list.Append(set);
     set.AppendVertex(7, 8, 9);
+    set.AppendLine(7, 8);
     EXPECT_EQ(vertexCounts(list), (std::vector{3}));
+    EXPECT_EQ(lineCounts(list), (std::vector{3}));
 }
 
 TEST(Zyr3DRegion, GrowingKeepsWhatLineSetsShare) {
@@ -92,21 +103,25 @@ TEST(Zyr3DRegion, WritingOutOfRangeChangesNothing) {
 }
 
 TEST(Zyr3DRegion, CopyHasAListOfItsOwnWithSharedArrays) {
-    Zyr3DRegion a = region(2);
+    Zyr3DRegion a = region(3);
     Zyr3DRegion b(a);
     a.Append(lineSet(9));
     a[0].AppendVertex(7, 8, 9);
     a[1] = lineSet(8);
-    EXPECT_EQ(vertexCounts(b), (std::vector{2, 2}));
+    a[2].AppendLine(7, 8);
+    EXPECT_EQ(vertexCounts(b), (std::vector{2, 2, 3}));
+    EXPECT_EQ(lineCounts(b), (std::vector{1, 2, 4}));
 }
 
 TEST(Zyr3DRegion, AssignmentGivesAListOfItsOwnWithSharedArrays) {
-    Zyr3DRegion a = region(2), b = region(3);
+    Zyr3DRegion a = region(3), b = region(5);
     EXPECT_EQ(&(b = a), &b);
     a.Append(lineSet(9));
     a[0].AppendVertex(7, 8, 9);
     a[1] = lineSet(8);
-    EXPECT_EQ(vertexCounts(b), (std::vector{2, 2}));
+    a[2].AppendLine(7, 8);
+    EXPECT_EQ(vertexCounts(b), (std::vector{2, 2, 3}));
+    EXPECT_EQ(lineCounts(b), (std::vector{1, 2, 4}));
 }
 
 TEST(Zyr3DRegion, SelfAssignmentChangesNothing) {

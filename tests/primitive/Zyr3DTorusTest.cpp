@@ -28,6 +28,10 @@ Zyr3DTorus withOuterRadius(double radius) {
     return Zyr3DTorus(kCenter, kAngle, 0, radius, 45, 90, Zyr3DTorusType1);
 }
 
+Zyr3DTorus withBothRadii(double radius) {
+    return Zyr3DTorus(kCenter, kAngle, radius, radius, 45, 90, Zyr3DTorusType1);
+}
+
 Zyr3DTorus withStart(double start) {
     return Zyr3DTorus(kCenter, kAngle, 5, 6, start, 90, Zyr3DTorusType1);
 }
@@ -89,6 +93,10 @@ TEST(Zyr3DTorus, InnerRadiusMustLieFromZeroToTheOuterRadius) {
 TEST(Zyr3DTorus, OuterRadiusMustBePositive) {
     EXPECT_TRUE(allPass(withOuterRadius, test::kPositive));
     EXPECT_TRUE(allFail(withOuterRadius, test::kNotPositive));
+}
+
+TEST(Zyr3DTorus, RadiiHaveNoUpperBound) {
+    EXPECT_TRUE(allPass(withBothRadii, std::vector{6.0, test::kInvalid, test::kInfinity}));
 }
 
 TEST(Zyr3DTorus, StartMustLieFromZeroTo360) {

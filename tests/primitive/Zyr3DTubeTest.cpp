@@ -28,6 +28,10 @@ Zyr3DTube withOuterRadius(double radius) {
     return Zyr3DTube(kCenter, kDirection, 0, radius, 7);
 }
 
+Zyr3DTube withBothRadii(double radius) {
+    return Zyr3DTube(kCenter, kDirection, radius, radius, 7);
+}
+
 Zyr3DTube withHeight(double height) {
     return Zyr3DTube(kCenter, kDirection, 5, 6, height);
 }
@@ -83,6 +87,10 @@ TEST(Zyr3DTube, InnerRadiusMustLieFromZeroToTheOuterRadius) {
 TEST(Zyr3DTube, OuterRadiusMustBePositive) {
     EXPECT_TRUE(allPass(withOuterRadius, test::kPositive));
     EXPECT_TRUE(allFail(withOuterRadius, test::kNotPositive));
+}
+
+TEST(Zyr3DTube, RadiiHaveNoUpperBound) {
+    EXPECT_TRUE(allPass(withBothRadii, std::vector{6.0, test::kInvalid, test::kInfinity}));
 }
 
 TEST(Zyr3DTube, HeightMustBePositive) {

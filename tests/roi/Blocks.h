@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstring>
 #include <stdexcept>
 #include <tuple>
+#include <type_traits>
 #include <vector>
 
 #include "Zyr3DShape.h"
@@ -61,6 +64,31 @@ void forge(Block& block, int kind, const std::vector<double>& doubles) {
     parameters(block) = doubles;
 }
 
+/// Bit for bit, so that a NaN is like itself.
+inline bool areSame(const std::vector<double>& one, const std::vector<double>& other) {
+    const std::size_t bytes = one.size() * sizeof(double);
+    return one.size() == other.size() &&
+           (one.empty() || std::memcmp(one.data(), other.data(), bytes) == 0);
+}
+
+/// A block as it was, to see whether it changes.
+class Snapshot {
+public:
+    template <class Block>
+    explicit Snapshot(Block& block)
+        : contents_(contents(block)), before_(contents_), memory_(contents_.parameters.data()) {}
+
+    bool holds() const {
+        return contents_.type == before_.type && contents_.parameters.data() == memory_ &&
+               areSame(contents_.parameters, before_.parameters);
+    }
+
+private:
+    const zyr::ParameterBlock& contents_;
+    zyr::ParameterBlock before_;
+    const double* memory_;
+};
+
 template <class Block>
 testing::AssertionResult isEmpty(Block& block) {
     if (typeOf(block) == 0 && parameters(block).empty() && parameters(block).capacity() == 0)
@@ -91,13 +119,17 @@ inline void write(double*& next, double value) {
     *next++ = value;
 }
 
-/// Calls Gen3D... with arguments from flat doubles.
+/// Calls Gen3D... with arguments from flat doubles, and gives what they are afterwards.
 template <class Block, class... Arguments>
-void gen(Block& block, void (Block::*operation)(Arguments...), const std::vector<double>& doubles) {
+std::vector<double> gen(Block& block, void (Block::*operation)(Arguments...),
+                        std::vector<double> doubles) {
     std::tuple<std::decay_t<Arguments>...> arguments;
     const double* next = doubles.data();
     std::apply([&](auto&... argument) { (read(next, argument), ...); }, arguments);
     std::apply([&](auto&... argument) { (block.*operation)(argument...); }, arguments);
+    double* target = doubles.data();
+    std::apply([&](const auto&... argument) { (write(target, argument), ...); }, arguments);
+    return doubles;
 }
 
 /// Calls Get3D... with outputs that start as the given doubles, and puts back what they become.
@@ -154,9 +186,9 @@ auto withOperations(int kind, Use use) {
 }
 
 template <class Block>
-void gen(Block& block, int kind, const std::vector<double>& doubles) {
-    withOperations<Block>(kind,
-                          [&](auto genOperation, auto) { gen(block, genOperation, doubles); });
+std::vector<double> gen(Block& block, int kind, const std::vector<double>& doubles) {
+    return withOperations<Block>(
+        kind, [&](auto genOperation, auto) { return gen(block, genOperation, doubles); });
 }
 
 template <class Block>

@@ -95,6 +95,17 @@ TYPED_TEST(Conversion, AnEmptyOrUnknownShapeMakesTheRegionsTypeZeroAndLeavesItsD
     }
 }
 
+TYPED_TEST(Conversion, DoublesThatWereLeftInTheRegionAreNotReadAndGoWithTheNextGen) {
+    test::gen(this->roi_, 7, this->sphere_);
+    this->shape_.To3DROI(&this->roi_);
+    Doubles outputs(4, 77);
+    EXPECT_FALSE(test::get(this->roi_, 7, outputs));
+    EXPECT_EQ(outputs, Doubles(4, 77));
+    EXPECT_EQ(parameters(this->roi_), this->sphere_);
+    test::gen(this->roi_, 7, {1, 2, 3, -1});
+    EXPECT_TRUE(test::isEmpty(this->roi_));
+}
+
 TYPED_TEST(Conversion, AnIrregularRegionIsReadAsAnyShape) {
     Zyr3DLineSet lines = test::withIndices(4), out;
     this->roi_.Gen3DIrregular(lines);
@@ -131,12 +142,19 @@ TYPED_TEST(Conversion, ALaterChangeOfTheRegionDoesNotReachTheShape) {
 }
 
 TYPED_TEST(Conversion, LeavesItsSourceAsItIs) {
-    test::gen(this->roi_, 7, this->sphere_);
-    this->shape_.From3DROI(this->roi_);
-    EXPECT_EQ(typeOf(this->roi_), 7);
-    this->shape_.To3DROI(&this->roi_);
-    EXPECT_EQ(typeOf(this->shape_), 7);
-    EXPECT_EQ(parameters(this->shape_), this->sphere_);
+    for (const int code : {0, 7, 18}) {
+        test::forge(this->roi_, code, this->sphere_);
+        test::forge(this->shape_, 1, {7, 8, 9});
+        const test::Snapshot region(this->roi_);
+        this->shape_.From3DROI(this->roi_);
+        EXPECT_TRUE(region.holds()) << code;
+
+        test::forge(this->shape_, code, this->sphere_);
+        test::forge(this->roi_, 1, {7, 8, 9});
+        const test::Snapshot shape(this->shape_);
+        this->shape_.To3DROI(&this->roi_);
+        EXPECT_TRUE(shape.holds()) << code;
+    }
 }
 
 TYPED_TEST(Conversion, ReusesMemoryThatSuffices) {
@@ -145,6 +163,12 @@ TYPED_TEST(Conversion, ReusesMemoryThatSuffices) {
     const double* memory = parameters(this->shape_).data();
     this->shape_.From3DROI(this->roi_);
     EXPECT_EQ(parameters(this->shape_).data(), memory);
+
+    test::forge(this->roi_, 10, Doubles(300, 1));
+    memory = parameters(this->roi_).data();
+    this->shape_.To3DROI(&this->roi_);
+    EXPECT_EQ(parameters(this->roi_).data(), memory);
+    EXPECT_EQ(parameters(this->roi_), this->sphere_);
 }
 
 TYPED_TEST(Conversion, ChecksNothing) {

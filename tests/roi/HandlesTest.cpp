@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "primitive/LineSets.h"
 #include "roi/Blocks.h"
 #include "roi/Kinds.h"
@@ -47,6 +49,16 @@ TYPED_TEST(HandlesOfBlocks, CopyIsNotChangedWithItsSource) {
     EXPECT_EQ(parameters(copy), (Doubles{1, 2, 3, 5}));
 }
 
+TYPED_TEST(HandlesOfBlocks, ChangedCopyLeavesItsSource) {
+    TypeParam source = this->sphere(5), copy(source);
+    parameters(copy)[0] = 77;
+    EXPECT_EQ(parameters(source), (Doubles{1, 2, 3, 5}));
+    ZyrVector3d point(7, 8, 9);
+    copy.Gen3DPoint(point);
+    EXPECT_EQ(typeOf(source), 7);
+    EXPECT_EQ(parameters(source), (Doubles{1, 2, 3, 5}));
+}
+
 TYPED_TEST(HandlesOfBlocks, AssignmentHoldsTheSameInTheBlockThatWasThere) {
     TypeParam source = this->sphere(5), target = this->polygon(3);
     const auto* block = &test::contents(target);
@@ -76,11 +88,12 @@ TYPED_TEST(HandlesOfBlocks, AssignedOneDoesNotChangeItsSource) {
 
 TYPED_TEST(HandlesOfBlocks, SelfAssignmentKeepsTheRegion) {
     TypeParam handle = this->polygon(100);
-    const Doubles before = parameters(handle);
+    const auto* block = &test::contents(handle);
+    const test::Snapshot before(handle);
     const TypeParam& same = handle;
-    handle = same;
-    EXPECT_EQ(typeOf(handle), 10);
-    EXPECT_EQ(parameters(handle), before);
+    EXPECT_EQ(&(handle = same), &handle);
+    EXPECT_EQ(&test::contents(handle), block);
+    EXPECT_TRUE(before.holds());
 }
 
 TYPED_TEST(HandlesOfBlocks, AssigningAnEmptyOneEmpties) {
@@ -97,24 +110,52 @@ TYPED_TEST(HandlesOfBlocks, AssignmentReusesMemoryThatSuffices) {
     EXPECT_EQ(parameters(handle).data(), memory);
 }
 
-TYPED_TEST(HandlesOfBlocks, EveryKindIsCopiedAndAssignedAsItIs) {
-    for (const test::Kind& kind : test::kindsOf<TypeParam>()) {
+/// What blocks and handles have in common: a copy holds the same and shares nothing.
+template <class Block>
+class Copies : public testing::Test {
+protected:
+    /// Of every kind, of none and of an unknown one.
+    static std::vector<std::pair<int, Doubles>> anyContents() {
+        std::vector<std::pair<int, Doubles>> all{{0, {}},
+                                                 {0, {1, 2, 3}},
+                                                 {10, {1, 2, 3, 4, 5, 6, 7, 8, 9}},
+                                                 {17, {1, 2, 5, 6, 7, 0, 0}},
+                                                 {-5, {1, test::kNaN}}};
+        for (const test::Kind& kind : test::kindsOf<Block>())
+            all.emplace_back(kind.code, kind.sample);
+        return all;
+    }
+};
+
+TYPED_TEST_SUITE(Copies, test::AllBlocks);
+
+TYPED_TEST(Copies, HoldWhatTheirSourceHolds) {
+    for (const auto& [code, doubles] : this->anyContents()) {
         TypeParam source, assigned;
-        test::forge(source, kind.code, kind.sample);
+        test::forge(source, code, doubles);
+        test::forge(assigned, 7, {1, 2, 3, 5});
         const TypeParam& constant = source;
         TypeParam copy(constant);
         assigned = constant;
-        EXPECT_EQ(typeOf(copy), kind.code);
-        EXPECT_EQ(typeOf(assigned), kind.code);
-        EXPECT_EQ(parameters(copy), kind.sample);
-        EXPECT_EQ(parameters(assigned), kind.sample);
+        EXPECT_EQ(typeOf(copy), code);
+        EXPECT_EQ(typeOf(assigned), code);
+        EXPECT_TRUE(test::areSame(parameters(copy), doubles)) << code;
+        EXPECT_TRUE(test::areSame(parameters(assigned), doubles)) << code;
     }
 }
 
-TYPED_TEST(HandlesOfBlocks, CopiesOfUnknownContentsAreExact) {
-    TypeParam source;
-    test::forge(source, -5, {1, test::kNaN});
-    TypeParam copy(source);
-    EXPECT_EQ(typeOf(copy), -5);
-    EXPECT_TRUE(test::areSame(parameters(copy), parameters(source)));
+TYPED_TEST(Copies, AndTheirSourceDoNotChangeEachOther) {
+    for (const auto& [code, doubles] : this->anyContents()) {
+        TypeParam source, assigned;
+        test::forge(source, code, doubles);
+        TypeParam copy(source);
+        assigned = source;
+        const test::Snapshot before(source);
+        test::gen(copy, 1, {7, 8, 9});
+        test::gen(assigned, 1, {7, 8, 9});
+        EXPECT_TRUE(before.holds()) << code;
+        const test::Snapshot ofCopy(copy), ofAssigned(assigned);
+        test::gen(source, 1, {4, 5, 6});
+        EXPECT_TRUE(ofCopy.holds() && ofAssigned.holds()) << code;
+    }
 }

@@ -1,4 +1,6 @@
+#include <cstddef>
 #include <type_traits>
+#include <vector>
 
 #include "Zyr3DShape.h"
 
@@ -8,6 +10,12 @@
 static_assert(sizeof(Zyr3DROI) == sizeof(void*) && sizeof(Zyr3DShape) == sizeof(void*));
 static_assert(sizeof(IZyr3DROIPara) == sizeof(std::vector<double>) + 8);
 static_assert(sizeof(IZyr3DShapePara) == sizeof(IZyr3DROIPara));
+static_assert(offsetof(zyr::ParameterBlock, parameters) == 0);
+static_assert(offsetof(zyr::ParameterBlock, type) == sizeof(std::vector<double>));
+static_assert(std::is_copy_constructible_v<IZyr3DROIPara> &&
+              std::is_copy_assignable_v<IZyr3DROIPara>);
+static_assert(std::is_copy_constructible_v<IZyr3DShapePara> &&
+              std::is_copy_assignable_v<IZyr3DShapePara>);
 static_assert(std::is_standard_layout_v<IZyr3DShapePara>);
 static_assert(!std::is_polymorphic_v<IZyr3DROIPara> && !std::is_polymorphic_v<Zyr3DROI>);
 

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <climits>
+#include <cstddef>
 #include <string>
 #include <type_traits>
 #include <vector>
 
 #include "Zyr3DShape.h"
 #include "primitive/Conditions.h"
+#include "support/ZyrValues.h"
 
 /// The kinds of fixed size as a table: what each of their fields takes and refuses, on storing and
 /// on reading.
@@ -158,11 +163,9 @@ inline std::vector<Doubles> variants(const Doubles& sample, const std::vector<Ru
     return result;
 }
 
-/// Bit for bit, so that a NaN is like itself.
-inline bool areSame(const Doubles& one, const Doubles& other) {
-    const std::size_t bytes = one.size() * sizeof(double);
-    return one.size() == other.size() &&
-           (one.empty() || std::memcmp(one.data(), other.data(), bytes) == 0);
+/// Towards zero; INT_MIN where the result does not fit, and for NaN.
+inline int truncated(double value) {
+    return value > -2147483649.0 && value < 2147483648.0 ? static_cast<int>(value) : INT_MIN;
 }
 
 }  // namespace test

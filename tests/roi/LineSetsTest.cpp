@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
+
 #include "primitive/LineSets.h"
 #include "roi/Blocks.h"
 #include "roi/Kinds.h"
@@ -23,10 +26,12 @@ protected:
         stored().shrink_to_fit();
     }
 
-    /// Whether the block is not read, and empties the line set.
+    /// Whether the block is not read and stays as it is, and empties the line set.
     testing::AssertionResult isRefused() {
+        const test::Snapshot before(block_);
         Zyr3DLineSet out = test::withIndices(4);
         if (test::getLines(block_, &out)) return testing::AssertionFailure() << "is read";
+        if (!before.holds()) return testing::AssertionFailure() << "changes the block";
         if (out.NumVertex() != 0 || out.LineData() != nullptr)
             return testing::AssertionFailure() << "is not read, but leaves something";
         return testing::AssertionSuccess();
@@ -96,14 +101,21 @@ TYPED_TEST(LineSetKinds, StoringLeavesTheArgumentAsItIs) {
     EXPECT_EQ(test::indicesOf(lines, 5), values(test::indices(5)));
 }
 
+TYPED_TEST(LineSetKinds, RefusingLeavesTheArgumentAsItIs) {
+    Zyr3DLineSet lines = test::withIndices(1);
+    test::genLines(this->block_, lines);
+    EXPECT_EQ(test::points(lines), values(test::vertices(4)));
+    EXPECT_EQ(test::indicesOf(lines, 1), (std::vector{0}));
+}
+
 TYPED_TEST(LineSetKinds, VerticesAndLinesAreReadInPlaceOfWhatTheLineSetHeld) {
     this->gen(test::withIndices(4));
-    const Doubles before = this->stored();
+    const test::Snapshot before(this->block_);
     Zyr3DLineSet out(test::vertices(9), test::indices(9));
     EXPECT_TRUE(test::getLines(this->block_, &out));
     EXPECT_EQ(test::points(out), values(test::vertices(4)));
     EXPECT_EQ(test::lines(out), (std::vector{0, 1, 2, 3}));
-    EXPECT_EQ(this->stored(), before);
+    EXPECT_TRUE(before.holds());
 }
 
 TYPED_TEST(LineSetKinds, WhoSharesTheArraysSeesThemEmptiedAndNothingMore) {
@@ -173,6 +185,13 @@ TYPED_TEST(LineSetKinds, AnOddNumberOfIndicesIsReadWhole) {
     EXPECT_EQ(out.NumLine(), 1);
 }
 
+TYPED_TEST(LineSetKinds, FewerThanTwoDoublesAreNotRead) {
+    for (const Doubles& doubles : {Doubles{}, Doubles{0}, Doubles{-1}}) {
+        this->forge(doubles);
+        EXPECT_TRUE(this->isRefused()) << testing::PrintToString(doubles);
+    }
+}
+
 TYPED_TEST(LineSetKinds, NegativeCountsThatAddUpAreNotRead) {
     for (const Doubles& counts : {Doubles{-1, 3}, Doubles{1, -3}, Doubles{-2, 6}, Doubles{2, -6}}) {
         this->forge(counts);
@@ -196,8 +215,25 @@ TYPED_TEST(LineSetKinds, CountsThatNoIntegerHoldsAreNotRead) {
         }
 }
 
-// Whatever the doubles are: the sanitizers watch.
-RC_GTEST_PROP(LineSetKindsProperty, AnyDoublesThatAddUpAreRead, ()) {
+namespace {
+
+/// Doubles of a length that the counts may ask for or not.
+Doubles anyCountsWithABody() {
+    const auto anyCount = rc::gen::oneOf(
+        rc::gen::map(rc::gen::inRange(-20, 60), [](int tenths) { return tenths / 10.0; }),
+        rc::gen::map(rc::gen::inRange(0, 6), [](int i) { return double(i); }), test::anyDouble());
+    Doubles stored{*anyCount, *anyCount};
+    const int body = 3 * (test::truncated(stored[0]) % 100) + test::truncated(stored[1]) % 100;
+    const auto length =
+        static_cast<std::size_t>(std::max(0, body + *rc::gen::element(0, 0, -1, 1)));
+    const auto rest = *rc::gen::container<Doubles>(length, test::anyDouble());
+    stored.insert(stored.end(), rest.begin(), rest.end());
+    return stored;
+}
+
+}  // namespace
+
+RC_GTEST_PROP(LineSetKindsProperty, AnyDoublesThatAddUpAreReadWhole, ()) {
     const int vertices = *rc::gen::inRange(0, 8), indices = *rc::gen::inRange(0, 8);
     const auto body = *rc::gen::container<Doubles>(static_cast<std::size_t>(3 * vertices + indices),
                                                    test::anyDouble());
@@ -207,18 +243,26 @@ RC_GTEST_PROP(LineSetKindsProperty, AnyDoublesThatAddUpAreRead, ()) {
     test::forge(shape, 17, stored);
     Zyr3DLineSet out;
     RC_ASSERT(shape.Get3DAnyShape(&out));
-    RC_ASSERT(out.NumVertex() == vertices);
     RC_ASSERT(out.NumLine() == indices / 2);
-    const Doubles read = test::points(out);
-    RC_ASSERT(test::areSame(read, Doubles(body.begin(), body.begin() + 3 * vertices)));
+    const auto firstIndex = body.begin() + 3 * vertices;
+    std::vector<int> expectedIndices(static_cast<std::size_t>(indices));
+    std::transform(firstIndex, body.end(), expectedIndices.begin(), test::truncated);
+    RC_ASSERT(test::areSame(test::points(out), Doubles(body.begin(), firstIndex)));
+    RC_ASSERT(test::indicesOf(out, indices) == expectedIndices);
 }
 
-RC_GTEST_PROP(LineSetKindsProperty, AnyDoublesAtAllAreReadOrRefused, ()) {
-    const auto stored = *rc::gen::container<Doubles>(test::anyDouble());
+RC_GTEST_PROP(LineSetKindsProperty, AnyDoublesAreReadWhenTheyAddUpAndElseRefused, ()) {
+    const Doubles stored = anyCountsWithABody();
+    const std::int64_t vertices = test::truncated(stored[0]), indices = test::truncated(stored[1]);
+    const bool addUp = vertices >= 0 && indices >= 0 &&
+                       2 + 3 * vertices + indices == static_cast<std::int64_t>(stored.size());
     Zyr3DROI roi;
     test::forge(roi, 17, stored);
     test::parameters(roi).shrink_to_fit();
+    const test::Snapshot before(roi);
     Zyr3DLineSet out = test::withIndices(4);
-    const bool isRead = roi.Get3DIrregular(&out);
-    RC_ASSERT(isRead || (out.NumVertex() == 0 && out.NumLine() == 0));
+    RC_ASSERT(roi.Get3DIrregular(&out) == addUp);
+    RC_ASSERT(out.NumVertex() == (addUp ? vertices : 0));
+    RC_ASSERT(out.NumLine() == (addUp ? indices / 2 : 0));
+    RC_ASSERT(before.holds());
 }

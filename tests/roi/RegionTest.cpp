@@ -117,10 +117,24 @@ TYPED_TEST(Regions, ACollinearTriangleIsReadButNotStored) {
     EXPECT_EQ(this->type(), 0);
 }
 
-TYPED_TEST(Regions, ATorusOfType2IsNotStored) {
-    const auto type = static_cast<Zyr3DTorusType>(2);
-    this->block_.Gen3DTorus(this->center_, this->angle_, 1, 2, 0, 90, type);
-    EXPECT_EQ(this->type(), 0);
+TYPED_TEST(Regions, ATorusOfAnotherTypeThan0Or1IsNotStoredThoughItIsAValidTorus) {
+    for (const int number : {2, 5, -1}) {
+        const auto type = static_cast<Zyr3DTorusType>(number);
+        this->block_.Gen3DTorus(this->center_, this->angle_, 1, 2, 0, 90, Zyr3DTorusType1);
+        this->block_.Gen3DTorus(this->center_, this->angle_, 1, 2, 0, 90, type);
+        EXPECT_TRUE(test::isEmpty(this->block_)) << number;
+        EXPECT_TRUE(Zyr3DTorus(this->center_, this->angle_, 1, 2, 0, 90, type).IsValid());
+    }
+}
+
+TYPED_TEST(Regions, ATorusOfAnotherTypeThan0Or1IsReadWithFalse) {
+    for (const double number : {2, 5, -1}) {
+        const Doubles stored{1, 2, 3, 10, 20, 30, 1, 2, 0, 90, number};
+        test::forge(this->block_, 14, stored);
+        Doubles outputs(11, 77);
+        EXPECT_FALSE(test::get(this->block_, 14, outputs)) << number;
+        EXPECT_EQ(outputs, stored);
+    }
 }
 
 TYPED_TEST(Regions, ATorusReadsItsTypeBack) {
@@ -148,14 +162,6 @@ TYPED_TEST(Regions, AnEllipseWithoutRadiusAIsNotStored) {
     EXPECT_EQ(this->type(), 0);
 }
 
-TYPED_TEST(Regions, ArgumentsStayAsTheyAre) {
-    ZyrVector3d a(0, 0, 0), b(1, 0, 0), c(2, 0, 0);
-    this->block_.Gen3DTriangle(a, b, c);
-    this->block_.Gen3DBox(this->center_, this->angle_, this->size_);
-    EXPECT_EQ(values(c), (Doubles{2, 0, 0}));
-    EXPECT_EQ(values(this->size_), (Doubles{4, 5, 6}));
-}
-
 // The twins differ here alone: radius A has no say when a region is read.
 TEST(Zyr3DROI, ReadsAnEllipseWithoutRadiusA) {
     Zyr3DROI roi;
@@ -173,10 +179,15 @@ TEST(Zyr3DShape, ReadsAnEllipseWithoutRadiusAWithFalse) {
     EXPECT_EQ(outputs, test::parameters(shape));
 }
 
-TEST(Zyr3DShape, OfAnotherKindLeavesTheRadiiOfAnEllipseUnread) {
+// Radius A is looked at behind the region's own check, when it has been read.
+TEST(Zyr3DShape, WithoutAWholeEllipseLooksAtNoOutput) {
     Zyr3DShape shape;
-    ZyrVector3d center, angle;
-    EXPECT_FALSE(shape.Get3DEllipse(&center, &angle, nullptr, nullptr));
+    for (const int kind : {0, 6, 10, 13}) {
+        test::forge(shape, kind, {1, 2, 3, 10, 20, 30, 1, 1});
+        EXPECT_FALSE(shape.Get3DEllipse(nullptr, nullptr, nullptr, nullptr)) << kind;
+    }
+    test::forge(shape, 11, {1, 2, 3, 10, 20, 30, 1});
+    EXPECT_FALSE(shape.Get3DEllipse(nullptr, nullptr, nullptr, nullptr));
 }
 
 // The codes are stored by callers.
