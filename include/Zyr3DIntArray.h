@@ -53,6 +53,8 @@ public:
     int operator[](int i) const;
 
 private:
+    friend struct zyr::StoreAccess;
+
     zyr::SharedStore<int>* store_;
 };
 

@@ -113,7 +113,11 @@ ZYR_INLINE ZyrQuaternion ZyrQuaternion::operator-(ZyrQuaternion& p) {
 }
 
 ZYR_INLINE ZyrQuaternion ZyrQuaternion::operator*(ZyrQuaternion& p) {
-    ZyrVector3d product = v * p.w + p.v * w + v.Cross(p.v);
+    // v * p.w + p.v * w + v.Cross(p.v), its y and z as a pair that one instruction works on.
+    using Pair = double __attribute__((vector_size(16)));
+    const Pair yz = Pair{v.y, v.z} * p.w + Pair{p.v.y, p.v.z} * w +
+                    (Pair{v.z, v.x} * Pair{p.v.x, p.v.y} - Pair{v.x, v.y} * Pair{p.v.z, p.v.x});
+    ZyrVector3d product(v.x * p.w + p.v.x * w + (v.y * p.v.z - v.z * p.v.y), yz[0], yz[1]);
     return ZyrQuaternion(w * p.w - v.Dot(p.v), product);
 }
 

@@ -9,6 +9,8 @@
 
 namespace zyr {
 
+struct StoreAccess;
+
 /// What each shared-storage array holds: the vector it works on, and its share of that vector.
 template <class T>
 struct SharedStore {
@@ -89,6 +91,8 @@ public:
     ZyrVector3d operator[](int i) const;
 
 private:
+    friend struct zyr::StoreAccess;
+
     zyr::SharedStore<ZyrVector3d>* store_;
 };
 

@@ -158,14 +158,14 @@ void registerOne(const std::string& name) {
 
 template <class Operation>
 void registerMatrices(const std::string& name) {
-    registerOne<Operation, ZyrMatrix3, 3>("3x3 " + name + "/zyr");
-    registerOne<Operation, cv::Mat, 3>("3x3 " + name + "/Mat");
-    registerOne<Operation, cv::Matx33d, 3>("3x3 " + name + "/Matx");
-    registerOne<Operation, Eigen::Matrix3d, 3>("3x3 " + name + "/Eigen");
-    registerOne<Operation, ZyrMatrix4, 4>("4x4 " + name + "/zyr");
-    registerOne<Operation, cv::Mat, 4>("4x4 " + name + "/Mat");
-    registerOne<Operation, cv::Matx44d, 4>("4x4 " + name + "/Matx");
-    registerOne<Operation, Eigen::Matrix4d, 4>("4x4 " + name + "/Eigen");
+    registerOne<Operation, ZyrMatrix3, 3>(name + "/3x3/ours");
+    registerOne<Operation, cv::Mat, 3>(name + "/3x3/cv_mat");
+    registerOne<Operation, cv::Matx33d, 3>(name + "/3x3/cv_matx");
+    registerOne<Operation, Eigen::Matrix3d, 3>(name + "/3x3/eigen");
+    registerOne<Operation, ZyrMatrix4, 4>(name + "/4x4/ours");
+    registerOne<Operation, cv::Mat, 4>(name + "/4x4/cv_mat");
+    registerOne<Operation, cv::Matx44d, 4>(name + "/4x4/cv_matx");
+    registerOne<Operation, Eigen::Matrix4d, 4>(name + "/4x4/eigen");
 }
 
 Eigen::Quaterniond eigenRotation(std::size_t seed) {
@@ -205,49 +205,49 @@ void registerQuaternions() {
     using EV = Eigen::Vector3d;
     using ZQ = ZyrQuaternion;
     using ZV = ZyrVector3d;
-    registerOver<ZQ>("quaternion product/zyr", zyrRotation, [](ZQ& a, ZQ& b) { return a * b; });
-    registerOver<EQ>("quaternion product/Eigen", eigenRotation,
+    registerOver<ZQ>("product/quaternion/ours", zyrRotation, [](ZQ& a, ZQ& b) { return a * b; });
+    registerOver<EQ>("product/quaternion/eigen", eigenRotation,
                      [](EQ& a, EQ& b) -> EQ { return a * b; });
-    registerOver<ZQ>("direction/zyr", zyrRotation, [](ZQ& a, ZQ& b) {
+    registerOver<ZQ>("rotate/direction/ours", zyrRotation, [](ZQ& a, ZQ& b) {
         ZV out;
         a.TransformDirection(b.v, &out);
         return out;
     });
-    registerOver<EQ>("direction/Eigen", eigenRotation,
+    registerOver<EQ>("rotate/direction/eigen", eigenRotation,
                      [](EQ& a, EQ& b) -> EV { return (a * EV(b.vec())).normalized(); });
-    registerOver<EQ>("direction/Eigen, not renormalised", eigenRotation,
+    registerOver<EQ>("rotate/direction/eigen not renormalised", eigenRotation,
                      [](EQ& a, EQ& b) -> EV { return a * EV(b.vec()); });
-    registerOver<ZQ>("quaternion normalised/zyr", zyrRotation,
+    registerOver<ZQ>("normalise/quaternion/ours", zyrRotation,
                      [](ZQ& a, ZQ&) { return a.Normalized(); });
-    registerOver<EQ>("quaternion normalised/Eigen", eigenRotation,
+    registerOver<EQ>("normalise/quaternion/eigen", eigenRotation,
                      [](EQ& a, EQ&) -> EQ { return a.normalized(); });
-    registerOver<ZQ>("SLERP/zyr", zyrRotation, [](ZQ& a, ZQ& b) {
+    registerOver<ZQ>("slerp/quaternion/ours", zyrRotation, [](ZQ& a, ZQ& b) {
         ZQ out;
         a.SLERP(b, 0.3, &out);
         return out;
     });
-    registerOver<EQ>("SLERP/Eigen", eigenRotation,
+    registerOver<EQ>("slerp/quaternion/eigen", eigenRotation,
                      [](EQ& a, EQ& b) -> EQ { return a.slerp(0.3, b); });
-    registerOver<ZQ>("quaternion to matrix/zyr", zyrRotation, [](ZQ& a, ZQ&) {
+    registerOver<ZQ>("to matrix/quaternion/ours", zyrRotation, [](ZQ& a, ZQ&) {
         ZyrMatrix3 m;
         a.GetTransMatrix(&m);
         return m;
     });
-    registerOver<EQ>("quaternion to matrix/Eigen", eigenRotation,
+    registerOver<EQ>("to matrix/quaternion/eigen", eigenRotation,
                      [](EQ& a, EQ&) -> Eigen::Matrix3d { return a.toRotationMatrix(); });
 }
 
 void registerMotions() {
     using EM = Eigen::Isometry3d;
     using ZD = ZyrDualQuaternion;
-    registerOver<ZD>("motion product/zyr", zyrMotion, [](ZD& a, ZD& b) { return a * b; });
-    registerOver<EM>("motion product/Eigen", eigenMotion, [](EM& a, EM& b) -> EM { return a * b; });
-    registerOver<ZD>("point/zyr", zyrMotion, [](ZD& a, ZD& b) {
+    registerOver<ZD>("product/motion/ours", zyrMotion, [](ZD& a, ZD& b) { return a * b; });
+    registerOver<EM>("product/motion/eigen", eigenMotion, [](EM& a, EM& b) -> EM { return a * b; });
+    registerOver<ZD>("transform/point/ours", zyrMotion, [](ZD& a, ZD& b) {
         ZyrVector3d out;
         a.TransformPoint(b.dual.v, &out);
         return out;
     });
-    registerOver<EM>("point/Eigen", eigenMotion, [](EM& a, EM& b) -> Eigen::Vector3d {
+    registerOver<EM>("transform/point/eigen", eigenMotion, [](EM& a, EM& b) -> Eigen::Vector3d {
         return a * Eigen::Vector3d(b.translation());
     });
     const auto box = [](std::size_t seed) {
@@ -255,9 +255,9 @@ void registerMotions() {
         return Zyr3DBox(ZyrVector3d(1, 2, 3), ZyrVector3d(e[1], e[2], e[3]) * 90.0,
                         ZyrVector3d(1, 1, 1));
     };
-    registerOver<Zyr3DBox>("box to pose/zyr", box,
+    registerOver<Zyr3DBox>("to pose/box/ours", box,
                            [](Zyr3DBox& a, Zyr3DBox&) { return a.GetAttributeMatrix(); });
-    registerOver<Zyr3DBox>("box from pose/zyr", box, [](Zyr3DBox& a, Zyr3DBox&) {
+    registerOver<Zyr3DBox>("from pose/box/ours", box, [](Zyr3DBox& a, Zyr3DBox&) {
         const ZyrMatrix4 identity(1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1);
         a.SetAttributeMatrix(identity);
         return a;
