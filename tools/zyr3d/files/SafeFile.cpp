@@ -17,6 +17,15 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBuffer = 1 << 20;
 
+mode_t readMask() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return mask;
+}
+
+// It can be read by setting it alone, for all threads: done before there are any.
+const mode_t kMask = readMask();
+
 fs::path resolved(const std::string& path) {
     std::error_code error;
     const fs::path target = fs::canonical(path, error);
@@ -29,9 +38,7 @@ fs::path resolved(const std::string& path) {
 mode_t modeFor(const std::string& path) {
     struct stat old {};
     if (stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
-    const mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
+    return 0666 & ~kMask;
 }
 
 void syncFolder(const fs::path& folder) {
