@@ -85,6 +85,8 @@ TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
     for (const char* command : {"info", "check", "diff type0.zrt"})
         expectTrouble(run(std::string(command) + " big.zrt", make + "; ulimit -v 800000"), 3,
                       "out of memory");
+    EXPECT_EQ(run("info --json big.zrt", make + "; ulimit -v 800000").out,
+              "{\"file\":\"big.zrt\",\"error\":\"big.zrt: out of memory\"}\n");
 }
 
 TEST_F(BatchOfFiles, FileWithoutRightsIsFileTrouble) {

@@ -14,7 +14,7 @@ class ConvertFiles : public test::ConvertCommand {};
 TEST_F(ConvertFiles, SaysWhatBecameOfAFile) {
     writeCloud();
     EXPECT_EQ(say("in.csv out.pcd"),
-              "in.csv -> out.pcd: 3 points\n  1 holes as NaN\n"
+              "in.csv -> out.pcd: 3 points\n  1 hole as NaN\n"
               "  coordinates rounded to floats: by 1.49012e-09 at most\n");
 }
 
@@ -40,11 +40,23 @@ TEST_F(ConvertFiles, SuffixesCountInAnyCase) {
     EXPECT_EQ(test::pointsOf(scene("out.PLY")), (Doubles{1, 2, 3}));
 }
 
+TEST_F(ConvertFiles, OurCloudsAndMeshesHaveSmallOrLargeSuffixes) {
+    writeCloud();
+    say("in.csv out.ZPT");
+    EXPECT_EQ(scene("out.ZPT").cloud.Length(), 3);
+    const std::string why = ": not a .zpt file by its suffix, which is all small or all large";
+    expectTrouble(run("convert in.csv out.Zpt"), 2, "out.Zpt" + why);
+    fs::copy_file(path("out.ZPT"), path("in.zPT"));
+    for (const char* command : {"info in.zPT", "check in.zPT", "convert in.zPT out.ply"})
+        expectTrouble(run(command), 3, "in.zPT" + why);
+    expectTrouble(run("convert in.csv out.Ztmt"), 2, "out.Ztmt: not a .ztmt file by its suffix");
+}
+
 TEST_F(ConvertFiles, HolesBecomeWhatUsersOfTheFormatExpect) {
     writeCloud();
-    EXPECT_TRUE(isThere(say("in.csv out.zpt"), "1 holes kept as the invalid value"));
-    EXPECT_TRUE(isThere(say("in.csv out.npy"), "1 holes as NaN"));
-    EXPECT_TRUE(isThere(say("in.csv out.ply"), "1 holes dropped"));
+    EXPECT_TRUE(isThere(say("in.csv out.zpt"), "1 hole kept as the invalid value"));
+    EXPECT_TRUE(isThere(say("in.csv out.npy"), "1 hole as NaN"));
+    EXPECT_TRUE(isThere(say("in.csv out.ply"), "1 hole dropped"));
     EXPECT_EQ(test::pointsOf(scene("out.ply")), (Doubles{1, 2, 0.1, 7, 8, 9}));
     EXPECT_EQ(test::colorsOf(scene("out.ply")), (std::vector<int>{3, 2, 1, 9, 8, 7}));
 }
@@ -61,7 +73,7 @@ TEST_F(ConvertFiles, HolesBecomeWhatIsWished) {
 
 TEST_F(ConvertFiles, DroppedHolesTakeTheirTrianglesAlong) {
     test::writeText(path("in.obj"), "v 0 0 0\nv nan 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\nf 1 3 4\n");
-    EXPECT_TRUE(isThere(say("in.obj out.ply"), "1 holes dropped, with 1 triangles at them"));
+    EXPECT_TRUE(isThere(say("in.obj out.ply"), "1 hole dropped, with 1 triangle at them"));
     EXPECT_EQ(test::trianglesOf(scene("out.ply")), (std::vector<int>{0, 1, 2}));
     say("in.obj out.ztmt");
     EXPECT_EQ(scene("out.ztmt").triangleCount(), 2);
@@ -81,7 +93,7 @@ TEST_F(ConvertFiles, NamesWhatItLeavesOut) {
     EXPECT_TRUE(isThere(stl, "left out: normals: STL has none\n"));
     EXPECT_TRUE(isThere(stl, "left out: colours: STL has none\n"));
     EXPECT_TRUE(isThere(say("in.ply out.obj"), "left out: alpha: OBJ has none\n"));
-    EXPECT_TRUE(isThere(say("in.ply out.pcd"), "left out: 1 triangles: PCD has none\n"));
+    EXPECT_TRUE(isThere(say("in.ply out.pcd"), "left out: 1 triangle: PCD has none\n"));
     EXPECT_TRUE(isThere(say("out.stl out2.obj"), "normals of triangles: OBJ has none\n"));
 }
 

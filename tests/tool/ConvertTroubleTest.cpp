@@ -15,10 +15,27 @@ TEST_F(ConvertTrouble, ManyFilesGoIntoAFolder) {
         const std::string name = std::to_string(i) + ".xyz";
         test::writeText(path(name), std::to_string(i) + " 2 3\n");
         names += name + " ";
-        said += name + " -> out/" + std::to_string(i) + ".ply: 1 points\n";
+        said += name + " -> out/" + std::to_string(i) + ".ply: 1 point\n";
     }
     EXPECT_EQ(say(names + "--to ply --out out -j 4"), said);
     EXPECT_EQ(test::pointsOf(scene("out/19.ply")), (Doubles{19, 2, 3}));
+}
+
+TEST_F(ConvertTrouble, SuffixToWriteMayHaveItsDot) {
+    writeCloud("a.csv");
+    say("a.csv --to .ply --out out");
+    EXPECT_TRUE(fs::exists(path("out/a.ply")));
+}
+
+TEST_F(ConvertTrouble, FilesWrittenAtOnceHaveTheRightsThatTheMaskLeaves) {
+    for (int i = 0; i < 500; ++i) test::writeText(path(std::to_string(i) + ".xyz"), "1 2 3\n");
+    ASSERT_EQ(run("convert -j 64 --to txt --out out *.xyz", "umask 027").exitCode, 0);
+    std::size_t count = 0;
+    for (const auto& file : fs::directory_iterator(path("out"))) {
+        ASSERT_EQ(static_cast<int>(file.status().permissions()), 0640) << file.path();
+        ++count;
+    }
+    EXPECT_EQ(count, 500u);
 }
 
 TEST_F(ConvertTrouble, WorstOfManyFilesDecidesAndTheOthersAreWritten) {
@@ -59,6 +76,7 @@ TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     expectRefusal("in.csv a.zpt --invalid nan", "no NaN");
     expectRefusal("in.csv a.zpt --float", "doubles alone");
     expectRefusal("in.csv a.stl --double", "floats alone");
+    expectRefusal("in.csv a.ply --invalid hide", "hide: not keep, nan or drop");
     expectRefusal("in.csv a.pcd --mesh", "PCD holds no meshes");
     expectTrouble(run("convert in.csv a.stl"), 2, "in.csv: a cloud becomes a mesh by its grid");
     expectTrouble(run("convert in.csv a.png"), 2, "in.csv: PNG holds range images alone");
@@ -69,11 +87,21 @@ TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
 TEST_F(ConvertTrouble, UnreadableAndUnwritableFilesAreFileTrouble) {
     writeCloud();
     fs::create_directory(path("dir.ply"));
+    test::writeText(path("in.doc"), "words");
     expectTrouble(run("convert none.ply a.obj"), 3, "none.ply: no such file");
     expectTrouble(run("convert dir.ply a.obj"), 3, "dir.ply: not a regular file");
     expectTrouble(run("convert in.doc a.obj"), 3, "in.doc: not a format that is read");
     expectTrouble(run("convert in.csv none/a.obj"), 3, "none/a.obj: cannot be written");
     expectTrouble(run("convert in.csv dir.ply"), 3, "dir.ply: not a regular file");
+}
+
+TEST_F(ConvertTrouble, RefusedWishHasItsLineAndItsObject) {
+    writeCloud();
+    const test::Result result = run("convert --json in.csv a.png");
+    expectTrouble(result, 2, "in.csv: PNG holds range images alone");
+    EXPECT_EQ(result.out.rfind(R"({"file":"in.csv","error":"in.csv: PNG holds range images)", 0),
+              0u)
+        << result.out;
 }
 
 TEST_F(ConvertTrouble, FullDiskLeavesTheOldFileAndNothingElse) {

@@ -1,5 +1,6 @@
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "Outcome.h"
@@ -222,6 +223,31 @@ TEST_F(WriteScene, NumbersOfTextAreTheShortest) {
     EXPECT_EQ(text(scene, "csv", {Options::Ascii, true}), "x,y,z\n0.1,1e+21,-3\n");
 }
 
+TEST_F(WriteScene, TextColumnsHaveNamesWhereColoursWouldBeTakenForNormals) {
+    Scene dark;
+    dark.cloud.SetPoints(vectors({1, 2, 3, 4, 5, 6}));
+    ZyrColorArray pixels;
+    pixels.Create(2, 3);
+    std::fill_n(pixels.Data(), 6, static_cast<unsigned char>(0));
+    pixels.Data()[3] = pixels.Data()[5] = 1;
+    dark.cloud.SetColors(pixels);
+    EXPECT_EQ(text(dark, "xyz", {}), "# x y z red green blue\n1 2 3 0 0 0\n4 5 6 1 0 1\n");
+    const Scene back = through(dark, "txt");
+    EXPECT_EQ(test::colorsOf(back), test::colorsOf(dark));
+    EXPECT_EQ(test::normalsOf(back), std::vector<double>());
+    pixels.Data()[5] = 2;
+    dark.cloud.SetColors(pixels);
+    EXPECT_EQ(text(dark, "xyz", {}), "1 2 3 0 0 0\n4 5 6 2 0 1\n");
+}
+
+TEST_F(WriteScene, TextColumnsHaveNamesWhereNormalsWouldBeTakenForColours) {
+    Scene scene;
+    scene.cloud.SetPoints(vectors({1, 2, 3}));
+    scene.cloud.SetNormals(vectors({0, 0, 2}));
+    EXPECT_EQ(text(scene, "xyz", {}), "# x y z nx ny nz\n1 2 3 0 0 2\n");
+    EXPECT_EQ(test::normalsOf(through(scene, "xyz")), (std::vector<double>{0, 0, 2}));
+}
+
 TEST_F(WriteScene, NpyValuesStartAtAMultipleOf64) {
     const std::string bytes = text(cloudScene(3), "npy", {});
     EXPECT_EQ((bytes.size() - 72) % 64, 0u);
@@ -250,6 +276,14 @@ TEST_F(WriteScene, NewFileKeepsTheRightsOfTheOldOne) {
     zyr::writeScene(cloudScene(3), path, {});
     EXPECT_EQ(fs::status(path).permissions(),
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+}
+
+// To read the mask is to set it, which the files of other threads would feel.
+TEST_F(WriteScene, NewFileHasTheRightsThatTheMaskLeftAtTheStart) {
+    const mode_t mask = umask(077);
+    zyr::writeScene(cloudScene(3), folder_.path("new.xyz"), {});
+    EXPECT_EQ(umask(mask), static_cast<mode_t>(077));
+    EXPECT_EQ(static_cast<mode_t>(fs::status(folder_.path("new.xyz")).permissions()), 0666 & ~mask);
 }
 
 TEST_F(WriteScene, LinkStaysALink) {

@@ -156,7 +156,7 @@ TEST_F(InfoCommand, WhatIsNoCloudFileIsFileTrouble) {
     expectTrouble(run("info none.zpt"), 3, "none.zpt: no such file");
     expectTrouble(run("info folder.zpt"), 3, "folder.zpt: not a regular file");
     expectTrouble(run("info pipe.zpt"), 3, "pipe.zpt: not a regular file");
-    expectTrouble(run("info in.other"), 3, "in.other: not a .zpt file");
+    expectTrouble(run("info in.other"), 3, "in.other: not a format that is read");
 }
 
 TEST_F(InfoCommand, NoMutationOfAFileStopsTheProgram) {

@@ -71,7 +71,7 @@ TEST_F(Usage, VersionIsPrinted) {
 
 TEST_F(Usage, WrongArgumentsAreUsageErrors) {
     expectTrouble(run(""), 2, "subcommand");
-    expectTrouble(run("other"), 2, "");
+    expectTrouble(run("inof x"), 2, "inof: no such subcommand");
     expectTrouble(run("info"), 2, "FILE");
     expectTrouble(run("demo --other"), 2, "--other");
     expectTrouble(run("demo a.png b.png"), 2, "b.png");

@@ -8,10 +8,10 @@ namespace zyr {
 int withJsonError(bool isJson, const std::string& file, Output& output,
                   const std::function<int()>& work) try {
     return work();
-} catch (const FileTrouble& trouble) {
+} catch (...) {
     if (isJson) {
         Facts facts;
-        facts.word("error", trouble.what());
+        facts.word("error", troubleText(file));
         facts.printJson(output.out, file);
     }
     throw;

@@ -60,17 +60,13 @@ private:
         Output& output = items_[i].output;
         try {
             return work_(i, output);
-        } catch (const FileTrouble& trouble) {
+        } catch (const UsageTrouble& trouble) {
             output.complain(trouble.what());
-        } catch (const std::bad_alloc&) {
-            output.complain(names_[i] + ": out of memory");
-        } catch (const cv::Exception& error) {
-            const bool isMemory = error.code == cv::Error::StsNoMem;
-            output.complain(names_[i] + ": " + (isMemory ? "out of memory" : error.err));
-        } catch (const std::exception& error) {
-            output.complain(names_[i] + ": " + error.what());
+            return kUsage;
+        } catch (const std::exception&) {
+            output.complain(troubleText(names_[i]));
+            return kFileTrouble;
         }
-        return kFileTrouble;
     }
 
     /// Prints what is due now that this item is done.
@@ -101,6 +97,18 @@ private:
 };
 
 }  // namespace
+
+std::string troubleText(const std::string& name) try { throw; } catch (const FileTrouble& trouble) {
+    return trouble.what();
+} catch (const UsageTrouble& trouble) {
+    return trouble.what();
+} catch (const std::bad_alloc&) {
+    return name + ": out of memory";
+} catch (const cv::Exception& error) {
+    return name + ": " + (error.code == cv::Error::StsNoMem ? "out of memory" : error.err);
+} catch (const std::exception& error) {
+    return name + ": " + error.what();
+}
 
 void Output::complain(const std::string& text) {
     err << "zyr3d: " << text << "\n";

@@ -15,6 +15,11 @@ struct FileTrouble : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// A wish that can't be fulfilled, whatever the files hold.
+struct UsageTrouble : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
 /// A file that could be read but holds what it must not.
 struct Fault : FileTrouble {
     /// A fault whose place, if any, the text tells.
@@ -28,6 +33,11 @@ struct Fault : FileTrouble {
         : FileTrouble(path + ": line " + std::to_string(line) + ": " + reason),
           offset(at),
           why("line " + std::to_string(line) + ": " + reason) {}
+
+    /// A text for people that holds the place, and the reason without it.
+    Fault(const std::string& path, const std::string& text, std::optional<std::uint64_t> at,
+          const std::string& reason)
+        : FileTrouble(path + ": " + text), offset(at), why(reason) {}
 
     std::optional<std::uint64_t> offset;
     std::string why;  ///< without the file's name and the offset

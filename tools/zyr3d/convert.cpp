@@ -101,7 +101,8 @@ void addHoles(CLI::App& command, std::optional<Holes>& holes) {
         {"keep", Holes::Keep}, {"nan", Holes::Nan}, {"drop", Holes::Drop}};
     const auto take = [&holes](const CLI::results_t& words) {
         const auto found = kNames.find(words[0]);
-        if (found == kNames.end()) return false;
+        if (found == kNames.end())
+            throw CLI::ValidationError("--invalid", words[0] + ": not keep, nan or drop");
         holes = found->second;
         return true;
     };
@@ -143,10 +144,11 @@ std::vector<std::string> outputsOf(const ConvertOptions& options) {
             throw UsageTrouble("IN and OUT, or files with --to and --out");
         return {options.files[1]};
     }
+    const std::string suffix = (options.suffix[0] == '.' ? "" : ".") + options.suffix;
     std::vector<std::string> outputs;
     std::set<std::string> known;
     for (const std::string& file : options.files) {
-        const std::string name = std::filesystem::path(file).stem().string() + "." + options.suffix;
+        const std::string name = std::filesystem::path(file).stem().string() + suffix;
         outputs.push_back((std::filesystem::path(options.folder) / name).string());
         if (!known.insert(outputs.back()).second)
             throw UsageTrouble(outputs.back() + " would be written twice");
@@ -171,23 +173,19 @@ void createFolder(const std::string& folder) {
 }
 
 int convertOne(const std::string& in, const std::string& out, const ConvertOptions& options,
-               Output& output) try {
+               Output& output) {
     const Conversion conversion = convertFile(in, out, options.settings);
     if (options.isJson)
         conversion.printJson(in, out, output.out);
     else
         conversion.print(in, out, output.out);
     return kGood;
-} catch (const UsageTrouble& trouble) {
-    output.complain(trouble.what());
-    return kUsage;
 }
 
 int convertAll(const ConvertOptions& options) try {
     const std::vector<std::string> outputs = outputsOf(options);
     const Format* format = formatOf(outputs[0]);
-    if (format == nullptr)
-        throw UsageTrouble(outputs[0] + ": not a format that is written, by its suffix");
+    if (format == nullptr) throw UsageTrouble(suffixFault(outputs[0], "written"));
     checkSettings(options.settings, *format);
     checkNumbers(options.settings);
     createFolder(options.folder);

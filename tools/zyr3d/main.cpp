@@ -3,8 +3,10 @@
 #include <new>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "Console.h"
+#include "Facts.h"
 #include "Outcome.h"
 #include "check.h"
 #include "convert.h"
@@ -40,6 +42,9 @@ int run(int argc, char** argv) {
         outcome = app.exit(help, text, text);
         printOut(text.str());
     } catch (const CLI::ParseError& error) {
+        const std::vector<std::string> unknown = app.remaining();
+        if (app.get_subcommands().empty() && !unknown.empty())
+            return fail(kUsage, printable(unknown[0]) + ": no such subcommand or option");
         return fail(kUsage, error.what());
     }
     flushOut();

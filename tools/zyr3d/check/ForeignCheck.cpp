@@ -3,6 +3,7 @@
 #include "Zyr3DInner.h"
 #include "check/Check.h"
 #include "files/FileKind.h"
+#include "files/RegularFile.h"
 #include "formats/Scene.h"
 
 namespace zyr {
@@ -35,6 +36,10 @@ Checked checkedScene(const Scene& scene) {
 
 Checked checkForeignFile(const std::string& path) {
     const Scene scene = readScene(path);
+    if (scene.rest) {
+        const std::uint64_t size = fileSize(path) - *scene.rest;
+        throw Fault(path, *scene.rest, counted(size, "byte", "bytes") + " behind the end");
+    }
     const cv::Mat grid(scene.range.Height(), scene.range.Width(), scene.range.DataType(),
                        scene.range.Data());
     Checked checked =

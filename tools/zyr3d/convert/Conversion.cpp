@@ -28,8 +28,8 @@ unsigned bodyAbility(WriteOptions::Body body) {
     }
 }
 
-std::string count(int number, const char* what) {
-    return grouped(static_cast<std::uint64_t>(number)) + " " + what;
+std::string count(int number, const char* one, const char* many) {
+    return counted(static_cast<std::uint64_t>(number), one, many);
 }
 
 std::string facts(const Scene& scene) {
@@ -37,18 +37,18 @@ std::string facts(const Scene& scene) {
         return std::to_string(scene.range.Width()) + " x " + std::to_string(scene.range.Height()) +
                " values";
     if (scene.kind == Scene::Mesh)
-        return count(scene.cloud.Length(), "vertices, ") +
-               count(scene.triangleCount(), "triangles");
-    return count(scene.cloud.Length(), "points");
+        return count(scene.cloud.Length(), "vertex", "vertices") + ", " +
+               count(scene.triangleCount(), "triangle", "triangles");
+    return count(scene.cloud.Length(), "point", "points");
 }
 
 std::string holesText(const Loss& loss, Holes holes) {
     const char* fate = holes == Holes::Drop  ? " dropped"
                        : holes == Holes::Nan ? " as NaN"
                                              : " kept as the invalid value";
-    std::string text = grouped(loss.holes) + " holes" + fate;
+    std::string text = counted(loss.holes, "hole", "holes") + fate;
     if (loss.droppedTriangles > 0)
-        text += ", with " + grouped(loss.droppedTriangles) + " triangles at them";
+        text += ", with " + counted(loss.droppedTriangles, "triangle", "triangles") + " at them";
     return text;
 }
 

@@ -31,8 +31,9 @@ void makeMesh(Scene& scene, const std::optional<double>& jump) {
 
 void dropTriangles(Scene& scene, const Format& format) {
     if (scene.triangleCount() > 0)
-        scene.leftOut.push_back(grouped(static_cast<std::uint64_t>(scene.triangleCount())) +
-                                " triangles: " + format.name + " has none");
+        scene.leftOut.push_back(
+            counted(static_cast<std::uint64_t>(scene.triangleCount()), "triangle", "triangles") +
+            ": " + format.name + " has none");
     scene.kind = Scene::Cloud;
     scene.triangles = Zyr3DIntArray();
     scene.triangleNormals = ZyrVector3dArray();

@@ -2,17 +2,12 @@
 
 #include <array>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
+#include "Outcome.h"
 #include "formats/Format.h"
 
 namespace zyr {
-
-/// A wish that can't be fulfilled, whatever the files hold.
-struct UsageTrouble : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
 
 struct GridSize {
     int columns = 0, rows = 0;

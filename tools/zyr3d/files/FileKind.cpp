@@ -5,7 +5,8 @@
 
 #include "Outcome.h"
 #include "Zyr3DInner.h"
-#include "formats/Scene.h"
+#include "files/RegularFile.h"
+#include "formats/Format.h"
 
 namespace zyr {
 namespace {
@@ -36,7 +37,8 @@ FileKind fileKind(const std::string& path) {
     for (const Suffix& each : kSuffixes)
         if (each.text == (each.isAnyCase ? lower : suffix)) return each.kind;
     if (isScenePath(path)) return FileKind::Foreign;
-    throw FileTrouble(path + ": not a .zpt file by its suffix, nor any other that is read");
+    requireRegularFile(path);
+    throw FileTrouble(suffixFault(path, "read"));
 }
 
 }  // namespace zyr

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -8,16 +9,28 @@ namespace zyr {
 
 /// What is wrong with the bytes of a file, and where. Who knows the file's name puts it in front.
 struct FormatFault : std::runtime_error {
-    using std::runtime_error::runtime_error;
+    /// Of the file as a whole.
+    explicit FormatFault(const std::string& reason) : std::runtime_error(reason), why(reason) {}
+    FormatFault(const std::string& text, std::uint64_t at, const std::string& reason)
+        : std::runtime_error(text), offset(at), why(reason) {}
+
+    std::optional<std::uint64_t> offset;  ///< of the byte, or of the start of the line
+    std::string why;                      ///< without the offset
 };
 
-[[noreturn]] inline void failAtLine(std::size_t line, const std::string& why) {
-    throw FormatFault("line " + std::to_string(line) + ": " + why);
+[[noreturn]] inline void failAtLine(std::size_t line, std::uint64_t start, const std::string& why) {
+    const std::string text = "line " + std::to_string(line) + ": " + why;
+    throw FormatFault(text, start, text);
 }
 
-[[noreturn]] inline void failAtByte(std::size_t offset, const std::string& why) {
-    throw FormatFault("byte " + std::to_string(offset) + ": " + why);
+[[noreturn]] inline void failAtByte(std::uint64_t offset, const std::string& why) {
+    throw FormatFault("byte " + std::to_string(offset) + ": " + why, offset, why);
 }
+
+/// The bytes end before what they announce does.
+struct CutShort : FormatFault {
+    explicit CutShort(const std::string& reason) : FormatFault("cut short: " + reason) {}
+};
 
 /// The arrays' lengths are of this type, and three numbers a point have to be counted with it.
 constexpr std::uint64_t kMostElements = 0x7FFFFFFF / 3;
@@ -28,8 +41,8 @@ inline int boundedCount(std::uint64_t count, std::uint64_t bytesEach, std::uint6
     if (count > kMostElements)
         throw FormatFault(std::to_string(count) + " " + what + " are more than can be held");
     if (bytesEach > 0 && count > bytesThere / bytesEach)
-        throw FormatFault("cut short: " + std::to_string(count) + " " + what + " do not fit the " +
-                          std::to_string(bytesThere) + " bytes that are there");
+        throw CutShort(std::to_string(count) + " " + what + " do not fit the " +
+                       std::to_string(bytesThere) + " bytes that are there");
     return static_cast<int>(count);
 }
 

@@ -47,19 +47,33 @@ constexpr std::array<Format, 14> kFormats = {
      {"csv", "CSV", readXyz, nullptr, writeCsv, kTableAbilities, kDrop, false},
      {"npy", "NPY", readNpy, nullptr, writeNpy, kNpyAbilities, kNan, false}}};
 
+/// The library takes its clouds and meshes by suffixes of small or of large letters alone.
+bool isMixed(const std::string& suffix, const std::string& lower) {
+    return (lower == "zpt" || lower == "ztmt") && suffix != lower &&
+           suffix != (lower == "zpt" ? "ZPT" : "ZTMT");
+}
+
 }  // namespace
 
 const Format* formatOf(const std::string& path) {
-    const std::string suffix = lowered(Zyr3DInner::getSuffix(path.c_str()));
+    const std::string suffix = Zyr3DInner::getSuffix(path.c_str());
+    const std::string lower = lowered(suffix);
+    if (isMixed(suffix, lower)) return nullptr;
     for (const Format& format : kFormats)
-        if (suffix == format.suffix) return &format;
+        if (lower == format.suffix) return &format;
     return nullptr;
+}
+
+std::string suffixFault(const std::string& path, const char* verb) {
+    const std::string suffix = Zyr3DInner::getSuffix(path.c_str()), lower = lowered(suffix);
+    if (isMixed(suffix, lower))
+        return path + ": not a ." + lower + " file by its suffix, which is all small or all large";
+    return path + ": not a format that is " + verb + ", by its suffix";
 }
 
 void writeScene(const Scene& scene, const std::string& path, const WriteOptions& options) {
     const Format* format = formatOf(path);
-    if (format == nullptr)
-        throw FileTrouble(path + ": not a format that is written, by its suffix");
+    if (format == nullptr) throw FileTrouble(suffixFault(path, "written"));
     SafeFile file(path);
     try {
         format->write(scene, options, file);

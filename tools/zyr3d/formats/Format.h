@@ -51,8 +51,11 @@ struct Format {
     bool can(unsigned wanted) const { return (abilities & wanted) == wanted; }
 };
 
-/// By the path's suffix in any letter case; null when there is none.
+/// By the path's suffix in any letter case, but .zpt and .ztmt in small or large letters alone;
+/// null when there is none.
 const Format* formatOf(const std::string& path);
+/// Why there is none; the verb says what is to be done, such as "read".
+std::string suffixFault(const std::string& path, const char* verb);
 
 /// Writes what the format has a place for, through a temporary file. What the library writes is
 /// read back and compared. Throws FileTrouble.

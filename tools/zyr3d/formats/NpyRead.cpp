@@ -62,7 +62,7 @@ NpyHeader readHeader(std::string_view bytes) {
     const std::size_t start = version == 1 ? 10 : 12;
     const std::size_t length = version == 1 ? loadAs<std::uint16_t>(bytes.data() + 8)
                                             : loadAs<std::uint32_t>(bytes.data() + 8);
-    if (length > bytes.size() - start) throw FormatFault("cut short inside the header");
+    if (length > bytes.size() - start) throw CutShort("inside the header");
     const std::string_view dictionary = bytes.substr(start, length);
     NpyHeader header;
     header.bodyStart = start + length;
@@ -79,7 +79,7 @@ public:
         const std::uint64_t most = body_.size() / header_.scalar.size;
         for (const std::uint64_t length : header_.shape) {
             if (length > 0 && total_ > most / length)
-                throw FormatFault("cut short: the shape needs more bytes than are there");
+                throw CutShort("the shape needs more bytes than are there");
             total_ *= length;
         }
     }
@@ -162,8 +162,10 @@ private:
     }
 
     void noteRest(Scene& scene) const {
-        if (body_.size() > total_ * header_.scalar.size)
-            scene.leftOut.push_back("bytes behind the last value");
+        const std::size_t size = total_ * header_.scalar.size;
+        if (body_.size() == size) return;
+        scene.leftOut.push_back("bytes behind the last value");
+        scene.rest = header_.bodyStart + size;
     }
 
     NpyHeader header_;

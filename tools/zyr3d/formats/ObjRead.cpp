@@ -39,7 +39,13 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& why) const { failAtLine(lines_.number(), why); }
+    struct Face {
+        std::size_t size, line, start;
+    };
+
+    [[noreturn]] void fail(const std::string& why) const {
+        failAtLine(lines_.number(), lines_.start(), why);
+    }
 
     void take() {
         const std::string_view keyword = words_[0];
@@ -90,7 +96,7 @@ private:
             cornerNormals_.push_back(
                 hasNormal ? resolved(word.substr(second + 1), normals_.Length()) : -1.0);
         }
-        faceSizes_.push_back(words_.size() - 1);
+        faces_.push_back({words_.size() - 1, lines_.number(), lines_.start()});
     }
 
     Scene finish() {
@@ -105,12 +111,24 @@ private:
         return scene;
     }
 
+    void requireVertex(const Face& face, double corner) const {
+        if (corner >= 0.0 && corner < vertices_.Length()) return;
+        // Negative indices count back from the vertices before the face.
+        const std::string vertex = corner < 0.0
+                                       ? "before the first"
+                                       : std::to_string(static_cast<std::int64_t>(corner) + 1);
+        failAtLine(face.line, face.start,
+                   "a face names vertex " + vertex + " of " + std::to_string(vertices_.Length()));
+    }
+
     void addFaces(Scene& scene) const {
         Faces faces;
         auto next = corners_.begin();
-        for (const std::size_t size : faceSizes_) {
-            const auto end = next + static_cast<std::ptrdiff_t>(size);
-            faces.add(std::vector<double>(next, end), vertices_.Length());
+        for (const Face& face : faces_) {
+            const auto end = next + static_cast<std::ptrdiff_t>(face.size);
+            const std::vector<double> corners(next, end);
+            for (const double corner : corners) requireVertex(face, corner);
+            faces.add(corners, vertices_.Length());
             next = end;
         }
         faces.finish(scene);
@@ -166,7 +184,7 @@ private:
     std::vector<std::string_view> words_;
     ZyrVector3dArray vertices_, normals_;
     std::vector<double> colors_, corners_, cornerNormals_;
-    std::vector<std::size_t> faceSizes_;
+    std::vector<Face> faces_;
     std::set<std::string> passedOver_;
 };
 

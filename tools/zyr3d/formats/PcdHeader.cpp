@@ -23,7 +23,9 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& why) const { failAtLine(lines_.number(), why); }
+    [[noreturn]] void fail(const std::string& why) const {
+        failAtLine(lines_.number(), lines_.start(), why);
+    }
 
     void take() {
         const std::string keyword(words_[0]);

@@ -74,19 +74,19 @@ private:
         }
         const std::vector<std::uint64_t> steps(starts.size(), offset);
         readBinary(body_, starts, steps);
-        hasMore_ = hasContent(body_.substr(offset * header_.points));
+        noteRest(offset * header_.points);
     }
 
     /// The columns lie one after the other.
     void readCompressed() {
-        if (body_.size() < 8) throw FormatFault("cut short: the sizes of the body are missing");
+        if (body_.size() < 8) throw CutShort("the sizes of the body are missing");
         const auto packed = loadAs<std::uint32_t>(body_.data());
         const auto raw = loadAs<std::uint32_t>(body_.data() + 4);
         if (packed > body_.size() - 8)
-            throw FormatFault("cut short: " + std::to_string(body_.size() - 8) + " of " +
-                              std::to_string(packed) + " bytes of the stream are there");
+            throw CutShort("" + std::to_string(body_.size() - 8) + " of " + std::to_string(packed) +
+                           " bytes of the stream are there");
         if (raw != header_.recordBytes() * header_.points)
-            throw FormatFault("the body's size is not that of its points");
+            failAtByte(header_.bodyStart + 4, "the body's size is not that of its points");
         const std::string columns = decompressed(body_.substr(8, packed), raw);
         std::vector<std::uint64_t> starts, steps;
         std::uint64_t offset = 0;
@@ -96,7 +96,11 @@ private:
             offset += field.bytes() * header_.points;
         }
         readBinary(columns, starts, steps);
-        hasMore_ = hasContent(body_.substr(8u + packed));
+        noteRest(8u + packed);
+    }
+
+    void noteRest(std::size_t at) {
+        if (hasContent(body_.substr(at))) rest_ = header_.bodyStart + at;
     }
 
     static std::string decompressed(std::string_view stream, std::uint32_t rawSize) {
@@ -140,21 +144,25 @@ private:
         PointRow row{};
         for (int i = 0; i < count_;) {
             if (!lines.next(line))
-                throw FormatFault("cut short: " + std::to_string(i) + " of " +
-                                  std::to_string(count_) + " points are there");
+                throw CutShort("" + std::to_string(i) + " of " + std::to_string(count_) +
+                               " points are there");
             splitWords(line.substr(0, line.find('#')), words);
             if (words.empty()) continue;
-            const std::string place = "line " + std::to_string(lines.number()) + " of the points: ";
-            if (words.size() < header_.recordWords())
-                throw FormatFault(place + "fewer values than fields");
-            takeWords(words, row, place);
+            const auto fail = [&](const std::string& why) {
+                const std::string text =
+                    "line " + std::to_string(lines.number()) + " of the points: " + why;
+                throw FormatFault(text, header_.bodyStart + lines.start(), text);
+            };
+            if (words.size() < header_.recordWords()) fail("fewer values than fields");
+            if (const auto wrong = takeWords(words, row); !wrong.empty())
+                fail("not a number: " + quoted(wrong));
             columns_.set(i++, row);
         }
-        hasMore_ = hasContent(body_.substr(lines.offset()));
+        noteRest(lines.offset());
     }
 
-    void takeWords(const std::vector<std::string_view>& words, PointRow& row,
-                   const std::string& place) const {
+    /// Gives the word that is no number, or "".
+    std::string_view takeWords(const std::vector<std::string_view>& words, PointRow& row) const {
         std::size_t next = 0;
         for (const PcdField& field : header_.fields) {
             const std::size_t first = next;
@@ -162,8 +170,9 @@ private:
             if (field.role == Role::None || field.count == 0) continue;
             const bool isGood = isPacked(field) ? takePacked(field, words[first], row)
                                                 : parseNumber(words[first], at(row, field.role));
-            if (!isGood) throw FormatFault(place + "not a number: " + quoted(words[first]));
+            if (!isGood) return words[first];
         }
+        return {};
     }
 
     /// A colour word as a whole number, or as a float of the same bits.
@@ -197,7 +206,8 @@ private:
         const std::string unused = unusedColumns(names, given);
         if (!unused.empty()) scene.leftOut.push_back("fields " + unused);
         if (header_.hasViewpoint) scene.leftOut.push_back("the viewpoint");
-        if (hasMore_) scene.leftOut.push_back("bytes behind the last point");
+        scene.rest = rest_;
+        if (rest_) scene.leftOut.push_back("bytes behind the last point");
         return scene;
     }
 
@@ -205,7 +215,7 @@ private:
     std::string_view body_;
     int count_;
     PointColumns columns_;
-    bool hasMore_ = false;
+    std::optional<std::uint64_t> rest_;
 };
 
 }  // namespace

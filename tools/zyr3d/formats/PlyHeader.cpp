@@ -49,7 +49,7 @@ public:
 
 private:
     [[noreturn]] void fail(const std::string& why) const {
-        failAtLine(std::max<std::size_t>(lines_.number(), 1), why);
+        failAtLine(std::max<std::size_t>(lines_.number(), 1), lines_.start(), why);
     }
 
     void take() {

@@ -50,7 +50,10 @@ public:
                 skip(element);
         }
         if (!hasVertices_) throw FormatFault("no element named vertex");
-        if (!values_.isAtEnd()) leaveOut("bytes behind the last element");
+        if (!values_.isAtEnd()) {
+            leaveOut("bytes behind the last element");
+            scene_.rest = values_.offset();
+        }
         return scene_;
     }
 
@@ -109,11 +112,17 @@ private:
         Faces faces;
         for (int i = 0; i < count; ++i) {
             readRow(element, columns, row);
-            const int added = faces.add(corners_, scene_.cloud.Length());
+            const int added = addFace(faces);
             if (hasAttributes) rows.insert(rows.end(), static_cast<std::size_t>(added), row);
         }
         faces.finish(scene_);
         takeAttributes(columns, rows);
+    }
+
+    int addFace(Faces& faces) const try {
+        return faces.add(corners_, scene_.cloud.Length());
+    } catch (const FormatFault& fault) {
+        values_.fail(fault.why);
     }
 
     void takeAttributes(const Columns& columns, const std::vector<PointRow>& rows) {

@@ -9,7 +9,7 @@ PlyValues::PlyValues(std::string_view bytes, const PlyHeader& header)
     : bytes_(bytes), body_(header.body), at_(header.bodyStart), line_(header.lines + 1) {}
 
 void PlyValues::fail(const std::string& why) const {
-    if (body_ == PlyHeader::Ascii) failAtLine(line_, why);
+    if (body_ == PlyHeader::Ascii) failAtLine(line_, at_, why);
     failAtByte(at_, why);
 }
 

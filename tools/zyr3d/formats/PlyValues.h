@@ -15,15 +15,18 @@ public:
     double next(const Scalar& scalar);
     /// The number of values of a list, no more than what is left can hold.
     std::size_t nextCount(const PlyProperty& list);
+    /// In the file, of what comes next.
+    std::size_t offset() const { return at_; }
     std::size_t bytesLeft() const { return bytes_.size() - at_; }
     /// Whether nothing but blanks follows.
     bool isAtEnd();
+    /// Throws FormatFault with the place.
+    [[noreturn]] void fail(const std::string& why) const;
 
 private:
     double nextBinary(const Scalar& scalar);
     double nextWord();
     void skipBlanks();
-    [[noreturn]] void fail(const std::string& why) const;
 
     std::string_view bytes_;
     PlyHeader::Body body_;

@@ -75,6 +75,11 @@ std::string unusedColumns(const std::vector<std::string>& names, const std::vect
     return text;
 }
 
+void ColorGuess::take(double value) {
+    areBytes_ = areBytes_ && value >= 0.0 && value <= 255.0 && value == std::floor(value);
+    most_ = std::max(most_, value);
+}
+
 unsigned char channelOf(double value) {
     return static_cast<unsigned char>(
         std::clamp(value >= 0.0 ? std::round(value) : 0.0, 0.0, 255.0));

@@ -52,6 +52,18 @@ private:
 /// people; "" when there are none.
 std::string unusedColumns(const std::vector<std::string>& names, const std::vector<Role>& roles);
 
+/// Tells whether three columns without names are colours or normals: colours are whole numbers of 0
+/// to 255, some of them more than a normal's.
+class ColorGuess {
+public:
+    void take(double value);
+    bool areColors() const { return areBytes_ && most_ > 1.0; }
+
+private:
+    bool areBytes_ = true;
+    double most_ = 0.0;
+};
+
 /// A colour channel from a number: rounded, and 0 to 255.
 unsigned char channelOf(double value);
 

@@ -35,11 +35,16 @@ bool isScenePath(const std::string& path) {
 
 Scene readScene(const std::string& path) try {
     const Format* format = formatOf(path);
-    if (format == nullptr) throw FileTrouble(path + ": not a format that is read, by its suffix");
+    if (format == nullptr) {
+        requireRegularFile(path);
+        throw FileTrouble(suffixFault(path, "read"));
+    }
     return format->fromPath != nullptr ? format->fromPath(path)
                                        : format->fromBytes(readBytes(path));
+} catch (const CutShort& fault) {
+    throw Fault(path, fault.what(), fileSize(path), fault.why);
 } catch (const FormatFault& fault) {
-    throw Fault(path, fault.what());
+    throw Fault(path, fault.what(), fault.offset, fault.why);
 } catch (const std::bad_alloc&) {
     throw FileTrouble(path + ": needs more memory than there is");
 }

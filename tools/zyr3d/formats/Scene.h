@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,8 @@ struct Scene {
     ZyrRangeImage range;               ///< of the kind Range: values and calibration
     ZyrColorArray pixelColors;         ///< of the kind Range: none, or one a value, as one row
     std::vector<std::string> leftOut;  ///< what the file has and the scene has not, for people
+
+    std::optional<std::uint64_t> rest;  ///< where bytes start that belong to nothing, if any do
 
     bool isGrid() const { return columns > 0 && rows > 0; }
     int triangleCount() const { return triangles.Length() / 3; }

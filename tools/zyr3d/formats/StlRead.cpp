@@ -55,8 +55,7 @@ std::uint64_t recordsOf(std::string_view bytes) {
 }
 
 Scene readBinary(std::string_view bytes) {
-    if (bytes.size() < kHead)
-        throw FormatFault("cut short: a binary STL file has 84 bytes at least");
+    if (bytes.size() < kHead) throw CutShort("a binary STL file has 84 bytes at least");
     const int count = boundedCount(recordsOf(bytes), kRecord, bytes.size() - kHead, "triangles");
     Welding welding;
     bool hasAttributes = false;
@@ -72,8 +71,11 @@ Scene readBinary(std::string_view bytes) {
     }
     Scene scene = welding.finish();
     if (hasAttributes) scene.leftOut.push_back("attribute bytes of the triangles");
-    if (hasContent(bytes.substr(kHead + kRecord * static_cast<std::size_t>(count))))
+    const std::size_t end = kHead + kRecord * static_cast<std::size_t>(count);
+    if (hasContent(bytes.substr(end))) {
         scene.leftOut.push_back("bytes behind the last triangle");
+        scene.rest = end;
+    }
     return scene;
 }
 
@@ -93,20 +95,23 @@ public:
             if (keyword == "endfacet") endFacet();
             if (keyword == "endsolid") isWhole_ = true;
         }
-        if (isInFacet_ || !isWhole_) failAtLine(lines_.number(), "cut short: no endsolid");
+        if (isInFacet_ || !isWhole_)
+            failAtLine(lines_.number(), lines_.offset(), "cut short: no endsolid");
         return welding_.finish();
     }
 
 private:
     void takeThree(std::size_t from, double* values) {
-        if (words_.size() < from + 3) failAtLine(lines_.number(), "three numbers are needed");
+        if (words_.size() < from + 3)
+            failAtLine(lines_.number(), lines_.start(), "three numbers are needed");
         for (std::size_t i = 0; i < 3; ++i)
             if (!parseNumber(words_[from + i], values[i]))
-                failAtLine(lines_.number(), "not a number: " + quoted(words_[from + i]));
+                failAtLine(lines_.number(), lines_.start(),
+                           "not a number: " + quoted(words_[from + i]));
     }
 
     void startFacet() {
-        if (isInFacet_) failAtLine(lines_.number(), "a facet inside a facet");
+        if (isInFacet_) failAtLine(lines_.number(), lines_.start(), "a facet inside a facet");
         isInFacet_ = true;
         isWhole_ = false;
         corners_ = 0;
@@ -117,7 +122,7 @@ private:
 
     void addVertex() {
         if (!isInFacet_ || ++corners_ > 3)
-            failAtLine(lines_.number(), "a vertex that belongs to no triangle");
+            failAtLine(lines_.number(), lines_.start(), "a vertex that belongs to no triangle");
         double corner[3];
         takeThree(1, corner);
         welding_.addCorner(corner[0], corner[1], corner[2]);
@@ -125,7 +130,7 @@ private:
 
     void endFacet() {
         if (!isInFacet_ || corners_ != 3)
-            failAtLine(lines_.number(), "a facet of other than 3 vertices");
+            failAtLine(lines_.number(), lines_.start(), "a facet of other than 3 vertices");
         isInFacet_ = false;
     }
 

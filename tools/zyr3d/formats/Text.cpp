@@ -40,6 +40,7 @@ void append(std::string& text, Real value) {
 bool Lines::next(std::string_view& line) {
     if (at_ >= text_.size()) return false;
     const std::size_t end = std::min(text_.find('\n', at_), text_.size());
+    start_ = at_;
     line = text_.substr(at_, end - at_);
     if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
     at_ = std::min(end + 1, text_.size());

@@ -18,12 +18,13 @@ public:
     bool next(std::string_view& line);
     /// Of the line that next gave, from 1.
     std::size_t number() const { return number_; }
-    /// Where the line after that starts.
+    /// Where it starts, and the line after it.
+    std::size_t start() const { return start_; }
     std::size_t offset() const { return at_; }
 
 private:
     std::string_view text_;
-    std::size_t at_ = 0, number_ = 0;
+    std::size_t at_ = 0, start_ = 0, number_ = 0;
 };
 
 bool isBlank(char c);

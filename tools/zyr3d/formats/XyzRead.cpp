@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "formats/Fault.h"
@@ -36,7 +35,8 @@ bool isComment(std::string_view line) {
 
 class Reader {
 public:
-    explicit Reader(std::string_view bytes) : lines_(withoutMark(bytes)) {}
+    explicit Reader(std::string_view bytes)
+        : mark_(bytes.size() - withoutMark(bytes).size()), lines_(withoutMark(bytes)) {}
 
     Scene read() {
         std::string_view line;
@@ -57,6 +57,10 @@ private:
     /// Some programs put a byte-order mark in front.
     static std::string_view withoutMark(std::string_view bytes) {
         return bytes.substr(0, 3) == "\xEF\xBB\xBF" ? bytes.substr(3) : bytes;
+    }
+
+    [[noreturn]] void fail(const std::string& why) const {
+        failAtLine(lines_.number(), mark_ + lines_.start(), why);
     }
 
     static std::string_view withoutHashes(std::string_view line) {
@@ -83,26 +87,21 @@ private:
 
     void takeRow() {
         if (width_ == 0) width_ = cells_.size();
-        if (width_ < 3) failAtLine(lines_.number(), "fewer than 3 columns");
-        if (cells_.size() < width_) failAtLine(lines_.number(), "fewer columns than before");
+        if (width_ < 3) fail("fewer than 3 columns");
+        if (cells_.size() < width_) fail("fewer columns than before");
         for (std::size_t i = 0; i < width_; ++i) {
             double value = std::numeric_limits<double>::quiet_NaN();
             if (!cells_[i].empty() && !parseNumber(cells_[i], value))
-                failAtLine(lines_.number(), "not a number: " + quoted(cells_[i]));
+                fail("not a number: " + quoted(cells_[i]));
             values_.push_back(value);
         }
     }
 
-    /// Whether columns hold whole numbers of 0 to 255 and more than a normal's.
     bool areColors(std::size_t first) const {
-        double most = 0.0;
+        ColorGuess guess;
         for (std::size_t row = 0; row < values_.size(); row += width_)
-            for (std::size_t i = first; i < first + 3; ++i) {
-                const double value = values_[row + i];
-                if (!(value >= 0.0 && value <= 255.0 && value == std::floor(value))) return false;
-                most = std::max(most, value);
-            }
-        return most > 1.0;
+            for (std::size_t i = first; i < first + 3; ++i) guess.take(values_[row + i]);
+        return guess.areColors();
     }
 
     /// Without names three columns are coordinates, three more colours or normals, and three or
@@ -141,6 +140,7 @@ private:
         return scene;
     }
 
+    std::size_t mark_;  ///< bytes before the text
     Lines lines_;
     std::vector<std::string_view> cells_;
     std::vector<std::string> names_;
