@@ -38,7 +38,7 @@ public:
                 findByLower(first, last);
             else
                 isRepeating ? findByUpper<true>(first, last) : findByUpper<false>(first, last);
-            encodePart(first, last);
+            encodePart(first, last, isFloat);
         }
         return chunks_.finish();
     }
@@ -135,7 +135,7 @@ private:
 
     /// References from the upper bytes of values on. The next index hangs on a reference's end only
     /// where it covers whole values.
-    void encodePart(std::size_t first, std::size_t last) {
+    void encodePart(std::size_t first, std::size_t last, bool isFloat) {
         LzfChunks chunks = chunks_;
         std::size_t i = std::max(first, chunks.place() / kWidth);
         // Behind the last value nothing is left to compare 8 bytes with.
@@ -157,7 +157,7 @@ private:
                 chunks.referenceIf(isTaken, start, end, distance);
             else if (isTaken)
                 chunks.reference(start, end, distance);
-            i = end / kWidth;
+            i = isFloat || kWidth == 4 ? end / kWidth : std::max(i + 1, (end - 1) / kWidth);
         }
         chunks_ = chunks;
     }
