@@ -28,8 +28,7 @@ public:
     ColumnEncoder(const Byte* in, std::size_t size, Byte* out)
         : in_(in), size_(size), count_(size / sizeof(T)), chunks_(in, size, out) {}
 
-    std::size_t encode() {
-        const bool isFloat = isFloatBorn();
+    std::size_t encode(bool isFloat) {
         const bool isRepeating = isFloat && repeatsOften();
         for (std::size_t first = 1; first < count_; first += kPart) {
             const std::size_t last = std::min(count_, first + kPart);
@@ -66,16 +65,6 @@ private:
         const std::size_t distance = i - place;
         place = static_cast<std::uint16_t>(i);
         return distance;
-    }
-
-    /// A double keeps 23 of its 52 bits when it comes from a float.
-    bool isFloatBorn() const {
-        if (kWidth < 8) return false;
-        std::size_t born = 0;
-        std::size_t looked = 0;
-        for (std::size_t i = 0; i < count_; i += count_ / 64 + 1, ++looked)
-            born += std::size_t((value(i) & 0x1FFFFFFF) == 0);
-        return 2 * born >= looked;
     }
 
     /// By a sample: whether values return that are not just those before.
@@ -157,6 +146,7 @@ private:
                 chunks.referenceIf(isTaken, start, end, distance);
             else if (isTaken)
                 chunks.reference(start, end, distance);
+            // Behind a reference that ends with a value the next may start with one.
             i = isFloat || kWidth == 4 ? end / kWidth : std::max(i + 1, (end - 1) / kWidth);
         }
         chunks_ = chunks;
@@ -174,12 +164,16 @@ private:
 
 }  // namespace
 
+std::size_t lzfEncodeFloatBorn(const Byte* in, std::size_t size, Byte* out) {
+    return ColumnEncoder<std::uint64_t>(in, size, out).encode(true);
+}
+
 std::size_t lzfEncodeDoubles(const Byte* in, std::size_t size, Byte* out) {
-    return ColumnEncoder<std::uint64_t>(in, size, out).encode();
+    return ColumnEncoder<std::uint64_t>(in, size, out).encode(false);
 }
 
 std::size_t lzfEncodeIntegers(const Byte* in, std::size_t size, Byte* out) {
-    return ColumnEncoder<std::uint32_t>(in, size, out).encode();
+    return ColumnEncoder<std::uint32_t>(in, size, out).encode(false);
 }
 
 }  // namespace zyr
