@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 
 std::string folder;
 
-/// Bytes 3 / 2 of which, and 3 of which, no longer fit an int.
+/// The first whose bytes, times three, no longer fit an int.
 constexpr int kPoints24 = 29826162;
 constexpr int kPoints52 = 13765921;
 /// The first numbers of points whose columns take 4 GiB and more.
