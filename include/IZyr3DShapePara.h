@@ -14,6 +14,8 @@ public:
     IZyr3DShapePara();
     ~IZyr3DShapePara();
 
+    /// @{
+    /// As IZyr3DROIPara stores and reads it.
     void Gen3DPoint(ZyrVector3d& point);
     bool Get3DPoint(ZyrVector3d* point);
 
@@ -71,6 +73,7 @@ public:
 
     void Gen3DAnyShape(Zyr3DLineSet& lines);
     bool Get3DAnyShape(Zyr3DLineSet* lines);
+    /// @}
 
     /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when the block holds no shape.
     int ThirdShapeType() const;

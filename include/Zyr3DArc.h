@@ -12,9 +12,11 @@
 class ZYR_EXPORT Zyr3DArc {
 public:
     Zyr3DArc();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DArc(const ZyrVector3d& center, const ZyrVector3d& angle, double radius, double startAngle,
              double spanAngle);
 
+    /// As stored, angles in degrees.
     double Radius() const;
     double StartAngle() const;
     double SpanAngle() const;

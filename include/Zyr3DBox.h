@@ -21,6 +21,7 @@ public:
 
     /// An invalid box becomes a default one, with centre and angles invalid too.
     bool IsValid();
+    /// As stored: full edge lengths, and degrees about x, y and z.
     ZyrVector3d Center();
     ZyrVector3d Size();
     ZyrVector3d Angle();

@@ -11,10 +11,11 @@
 class ZYR_EXPORT Zyr3DCircle {
 public:
     Zyr3DCircle();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DCircle(const ZyrVector3d& center, const ZyrVector3d& normal, double radius);
 
+    /// As stored; the normal is not normalised.
     ZyrVector3d Center();
-    /// As stored, not normalised.
     ZyrVector3d NormalVector();
     double Radius() const;
 

@@ -11,6 +11,7 @@ public:
     Zyr3DColorMap();
     /// Shares the two arrays.
     Zyr3DColorMap(const Zyr3DDoubleArray& values, const ZyrColorArray& colors);
+    /// Shares the other's two arrays.
     Zyr3DColorMap(const Zyr3DColorMap& other);
     Zyr3DColorMap& operator=(const Zyr3DColorMap& other);
     ~Zyr3DColorMap();

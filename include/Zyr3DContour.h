@@ -20,6 +20,7 @@ public:
     /// A contour with a copy of the points.
     Zyr3DContour DeepCopy();
 
+    /// The number of points, valid or not.
     int Length() const;
     /// An array that shares the points.
     ZyrVector3dArray ToPointArray();

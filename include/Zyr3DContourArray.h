@@ -19,6 +19,7 @@ public:
     Zyr3DContourArray& operator=(const Zyr3DContourArray& other);
     ~Zyr3DContourArray();
 
+    /// The number of contours.
     int Length() const;
 
     /// Adds a contour with a copy of the points.
@@ -28,11 +29,13 @@ public:
     /// Puts a contour with a copy of the points before element i. Never appends: i = Length() is
     /// out of range.
     void Insert(int i, Zyr3DContour& contour);
+    /// The contours behind it move up by one.
     void Remove(int i);
     /// Element i shares the contour's points from then on.
     void Replace(int i, Zyr3DContour& contour);
     /// The contour at out shares the element's points from then on.
     void Select(int i, Zyr3DContour* out) const;
+    /// Exchanges two elements.
     void Swap(int i, int j);
     /// Empties the list and gives its memory back; the points stay with those who share them.
     void Clear();

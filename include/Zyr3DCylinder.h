@@ -11,11 +11,12 @@
 class ZYR_EXPORT Zyr3DCylinder {
 public:
     Zyr3DCylinder();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DCylinder(const ZyrVector3d& center, const ZyrVector3d& direction, double radius,
                   double height);
 
+    /// As stored; the direction is not normalised.
     ZyrVector3d Center();
-    /// As stored, not normalised.
     ZyrVector3d Direction();
     double Radius() const;
     double Height() const;

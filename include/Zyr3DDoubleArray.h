@@ -20,6 +20,7 @@ public:
     /// An array with a store of its own that holds copies of all elements.
     Zyr3DDoubleArray DeepCopy();
 
+    /// The number of values.
     int Length() const;
     /// Whether i is in range. The element's value has no say: the invalid value counts as valid.
     bool IsValid(int i);
@@ -30,13 +31,16 @@ public:
     /// New elements are 0.0, surplus ones are dropped from the end. Throws std::length_error for a
     /// negative n.
     void SetSize(int n);
+    /// Adds a copy at the end.
     void Append(const double& value);
     /// Appending an array to itself doubles it.
     void Append(const Zyr3DDoubleArray& other);
     /// Before element i. Never appends: i = Length() is out of range, as is any i of an empty
     /// array.
     void Insert(int i, double value);
+    /// The elements behind it move up by one.
     void Remove(int i);
+    /// Writes or reads element i.
     void Replace(int i, double value);
     void Select(int i, double* out) const;
     /// Empties the shared store and keeps its capacity, unlike the other two arrays: lists of

@@ -11,9 +11,11 @@
 class ZYR_EXPORT Zyr3DEllipse {
 public:
     Zyr3DEllipse();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DEllipse(const ZyrVector3d& center, const ZyrVector3d& angle, double radiusA,
                  double radiusB);
 
+    /// As stored, angles in degrees.
     double RadiusA() const;
     double RadiusB() const;
     ZyrVector3d Center();

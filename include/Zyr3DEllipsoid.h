@@ -21,6 +21,7 @@ public:
 
     /// An invalid ellipsoid becomes a default one.
     bool IsValid();
+    /// As stored: full axis lengths, and degrees about x, y and z.
     ZyrVector3d Center();
     ZyrVector3d Size();
     ZyrVector3d Angle();

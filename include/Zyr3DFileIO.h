@@ -12,9 +12,10 @@ class Mat;
 /// Readers and writers of the library's own files, on bare arrays and colour matrices. The
 /// containers' Load and Save members call them; they differ by checking the path's suffix first.
 ///
-/// All give false on failure and throw nothing. A null path is a failure. Numbers are little-endian
-/// in the files. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g, r) or 4 (b, g, r,
-/// a) channels; any other counts as no colours.
+/// Compressed files are written and read in pieces: above the data itself it takes less than a
+/// megabyte at any size. All give false on failure and throw nothing. A null path is a failure.
+/// Numbers are little-endian in the files. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g,
+/// r) or 4 (b, g, r, a) channels; any other counts as no colours.
 class ZYR_EXPORT Zyr3DFileIO {
 public:
     /// Writes a point-cloud file. Normals are written when wanted and as many as the points,
@@ -40,11 +41,11 @@ public:
     /// count missing too, the colour matrix is left alone). But elements of more than 64 MiB must
     /// be backed by bytes in the file, which what can't be measured, such as a pipe, never does.
     ///
-    /// False when the file can't be opened, when its header is incomplete, contradicts itself, has
-    /// more than 14 fields or a number that is negative or beyond 32 bits, when coordinates are
-    /// neither floats nor doubles or wanted colours have other than 1, 3 or 4 channels, when a
-    /// whole body does not decode to exactly the columns that the header declares, and when memory
-    /// runs out. Only in the last case have the outputs changed.
+    /// False when the file can't be opened, when its header is incomplete, contradicts itself,
+    /// takes more than a mebibyte, has more than 14 fields or a number that is negative or beyond
+    /// 32 bits, when coordinates are neither floats nor doubles or wanted colours have other than
+    /// 1, 3 or 4 channels, when a whole body does not decode to exactly the columns that the header
+    /// declares, and when memory runs out. Only in the last case may the outputs have changed.
     ///
     /// A header word of more than 32 characters, a line of more than 61 words, and a SIZE line that
     /// has not one word a field stop the process by an assertion failure, in release builds too.

@@ -19,6 +19,7 @@ public:
     /// An array with a store of its own that holds copies of all elements.
     Zyr3DIntArray DeepCopy();
 
+    /// The number of values.
     int Length() const;
     /// Whether i is in range. The element's value has no say.
     bool IsValid(int i);
@@ -29,15 +30,19 @@ public:
     /// New elements are 0, surplus ones are dropped from the end. Throws std::length_error for a
     /// negative n.
     void SetSize(int n);
+    /// Adds a copy at the end.
     void Append(const int& value);
     /// Appending an array to itself doubles it.
     void Append(const Zyr3DIntArray& other);
     /// Before element i. Never appends: i = Length() is out of range, as is any i of an empty
     /// array.
     void Insert(int i, int value);
+    /// The elements behind it move up by one.
     void Remove(int i);
+    /// Writes or reads element i.
     void Replace(int i, int value);
     void Select(int i, int* out);
+    /// Exchanges two elements; nothing happens unless both are there.
     void Swap(int i, int j);
     /// Empties the shared store and gives its memory back.
     void Clear();
@@ -48,6 +53,8 @@ public:
     int operator[](int i) const;
 
 private:
+    friend struct zyr::StoreAccess;
+
     zyr::SharedStore<int>* store_;
 };
 

@@ -9,10 +9,12 @@
 /// and direction are invalid vectors.
 class ZYR_EXPORT Zyr3DLine {
 public:
+    /// A point on the line, and where it runs, at any length.
     ZyrVector3d point;
     ZyrVector3d direction;
 
     Zyr3DLine();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DLine(const ZyrVector3d& point, const ZyrVector3d& direction);
 
     /// The line from p1 towards p2, with a direction of length 1. Equal points give a direction of

@@ -9,10 +9,12 @@
 /// A plain value. A default segment is invalid: its ends are invalid vectors.
 class ZYR_EXPORT Zyr3DLineSegment {
 public:
+    /// The two ends.
     ZyrVector3d p1;
     ZyrVector3d p2;
 
     Zyr3DLineSegment();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DLineSegment(const ZyrVector3d& p1, const ZyrVector3d& p2);
 
     /// The distance between the ends, valid or not: 0 for a default segment.

@@ -48,18 +48,22 @@ public:
     void AppendVertex(const Zyr3DLineSegment& segment);
     /// Adds two vertices, and no line.
     void AppendVertex(const ZyrVector3d& a, const ZyrVector3d& b);
+    /// Adds one vertex, and no line.
     void AppendVertex(const ZyrVector3d& v);
     void AppendVertex(const double& x, const double& y, const double& z);
-    /// The spelling is the interface's own.
+    /// Sets vertex i. The spelling is the interface's own.
     void ReplaceVetex(int i, ZyrVector3d& v);
 
+    /// Adds a line between two vertex indices, which are not checked.
     void AppendLine(int a, int b);
+    /// Sets the two vertex indices of line k, which are not checked.
     void ReplaceLine(int k, int a, int b);
     /// Removes the line and leaves its vertices.
     void RemoveLine(int k);
     /// Puts a and b between the two indices of line k: (a0, b0) becomes (a0, a), (b, b0). Never
     /// appends: k = NumLine() is out of range.
     void Insert(int k, int a, int b);
+    /// Exchanges two lines.
     void SwapLine(int i, int j);
 
     /// The ends of line k. Where the line, or the vertex that an end refers to, is out of range,
@@ -69,7 +73,9 @@ public:
     Zyr3DLineSegment operator[](int k);
     Zyr3DLineSegment operator[](int k) const;
 
+    /// Half the number of indices, rounded down.
     int NumLine() const;
+    /// The number of vertices, valid or not.
     int NumVertex() const;
     /// Empties both shared arrays and gives their memory back.
     void Clear();

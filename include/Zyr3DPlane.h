@@ -9,6 +9,7 @@
 /// value. A default plane is invalid: point and normal are invalid vectors.
 class ZYR_EXPORT Zyr3DPlane {
 public:
+    /// A point in the plane, and its normal: the constructors store it at length 1.
     ZyrVector3d point;
     ZyrVector3d normal;
 

@@ -17,6 +17,8 @@ public:
     Zyr3DROI& operator=(const Zyr3DROI& other);
     ~Zyr3DROI();
 
+    /// @{
+    /// As IZyr3DROIPara stores and reads it.
     void Gen3DPoint(ZyrVector3d& point);
     bool Get3DPoint(ZyrVector3d* point);
 
@@ -74,6 +76,7 @@ public:
 
     void Gen3DIrregular(Zyr3DLineSet& lines);
     bool Get3DIrregular(Zyr3DLineSet* lines);
+    /// @}
 
     /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when there is no region.
     int ROIType3D() const;

@@ -11,8 +11,10 @@
 class ZYR_EXPORT Zyr3DRect {
 public:
     Zyr3DRect();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DRect(const ZyrVector3d& center, const ZyrVector3d& angle, double width, double height);
 
+    /// As stored, angles in degrees.
     double Width() const;
     double Height() const;
     ZyrVector3d Center();

@@ -17,6 +17,8 @@ public:
     Zyr3DShape& operator=(const Zyr3DShape& other);
     ~Zyr3DShape();
 
+    /// @{
+    /// As IZyr3DShapePara stores and reads it.
     void Gen3DPoint(ZyrVector3d& point);
     bool Get3DPoint(ZyrVector3d* point);
 
@@ -74,6 +76,7 @@ public:
 
     void Gen3DAnyShape(Zyr3DLineSet& lines);
     bool Get3DAnyShape(Zyr3DLineSet* lines);
+    /// @}
 
     /// The code of its kind, as IZyr3DROIPara.h lists them: 0 when there is no shape.
     int ShapeType3D() const;

@@ -10,8 +10,10 @@
 class ZYR_EXPORT Zyr3DSphere {
 public:
     Zyr3DSphere();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DSphere(const ZyrVector3d& center, double radius);
 
+    /// As stored.
     ZyrVector3d Center();
     double Radius() const;
     /// 4.186666791439056 times the cubed radius, a constant slightly below 4/3 pi; 0 for a radius

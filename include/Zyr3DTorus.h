@@ -17,9 +17,11 @@ enum Zyr3DTorusType : int {
 class ZYR_EXPORT Zyr3DTorus {
 public:
     Zyr3DTorus();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DTorus(const ZyrVector3d& center, const ZyrVector3d& angle, double radiusInner,
                double radiusOuter, double startAngle, double spanAngle, Zyr3DTorusType type);
 
+    /// As stored, angles in degrees.
     ZyrVector3d Center();
     ZyrVector3d Angle();
     double RadiusInner() const;

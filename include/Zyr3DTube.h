@@ -10,11 +10,12 @@
 class ZYR_EXPORT Zyr3DTube {
 public:
     Zyr3DTube();
+    /// Stored as given, and checked by IsValid alone.
     Zyr3DTube(const ZyrVector3d& center, const ZyrVector3d& direction, double innerRadius,
               double outerRadius, double height);
 
+    /// As stored; the direction is not normalised.
     ZyrVector3d Center();
-    /// As stored, not normalised.
     ZyrVector3d Direction();
     double InnerRadius() const;
     double OuterRadius() const;

@@ -5,6 +5,7 @@
 /// One colour with alpha. The channels hold 0 to 255 by convention; nothing clamps them.
 class ZYR_EXPORT ZyrColor {
 public:
+    /// Red, green, blue, and alpha: 255 is opaque.
     int r;
     int g;
     int b;
@@ -12,6 +13,7 @@ public:
 
     /// Opaque black: (0, 0, 0, 255).
     ZyrColor();
+    /// Stored as given.
     ZyrColor(int r, int g, int b, int a);
 };
 

@@ -38,6 +38,7 @@ public:
     /// An array with a copy of the pixels.
     ZyrColorArray DeepCopy();
 
+    /// Columns and rows: of a list the columns are its elements.
     int Width() const;
     int Height() const;
     /// Width times height.

@@ -15,11 +15,13 @@
 /// Outputs may be the object itself, its parts or an input.
 class ZYR_EXPORT ZyrDualQuaternion {
 public:
+    /// The rotation r, and 0.5 * (0, t) * r.
     ZyrQuaternion real;
     ZyrQuaternion dual;
 
     /// Both parts are invalid.
     ZyrDualQuaternion();
+    /// Stored as given.
     ZyrDualQuaternion(const ZyrQuaternion& real, const ZyrQuaternion& dual);
 
     /// A screw: rotation about an axis of any length with the given moment, and a shift by distance
@@ -34,10 +36,12 @@ public:
     /// IsValidTransformMatrix refuses it.
     void GenDualQuaternion(const ZyrMatrix4& m);
 
+    /// Part by part, valid or not.
     ZyrDualQuaternion operator+(ZyrDualQuaternion& p);
     ZyrDualQuaternion operator-(ZyrDualQuaternion& p);
     /// First p's motion, then this one.
     ZyrDualQuaternion operator*(ZyrDualQuaternion& p);
+    /// Both parts times the factor.
     ZyrDualQuaternion operator*(double factor);
     /// Both parts are invalid when the divisor's magnitude is below 1e-5 or NaN.
     ZyrDualQuaternion operator/(double divisor);
@@ -50,12 +54,14 @@ public:
     double Norm() const;
     /// Of the real parts only.
     double Dot(ZyrDualQuaternion& p);
+    /// Whether the real part and the dual part's vector are valid.
     bool IsValid();
 
     /// Normalises the real part in place, then writes the rotation as ZyrQuaternion::GetTransMatrix
     /// does, the translation, and (0, 0, 0, 1) as the last row. The dual part stays as it is, so
     /// that a real part of another length than 1 scales the translation by its length.
     void GetTransformMatrix(ZyrMatrix4* m);
+    /// The rotation normalised, and the translation, in the caller's unit.
     void GetRotateTrans(ZyrQuaternion* rotation, ZyrVector3d* translation);
     /// The axis is a unit vector, and point its moment, as GenDualQuaternion takes it: the cross
     /// product of the axis's foot point with its direction. Where the rotation's v is no longer
@@ -63,6 +69,7 @@ public:
     /// the invalid value in each component of point; but by angle 360, with a point far off, when
     /// the real part is (-1, 0, 0, 0).
     void GetScrew(ZyrVector3d* axis, double* angle, ZyrVector3d* point, double* distance);
+    /// The point after the motion, whatever the real part's length.
     void TransformPoint(ZyrVector3d& p, ZyrVector3d* out);
 
     /// From this one (t = 0) to p (t = 1) along the shorter arc. Both parts of the result are

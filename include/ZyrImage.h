@@ -7,5 +7,6 @@
 /// that has its own puts that header in this one's place.
 class ZyrImage {
 public:
+    /// Shares its pixels on copy.
     cv::Mat mat;
 };

@@ -15,6 +15,7 @@ class ZYR_EXPORT ZyrMatrix3 {
 public:
     /// Every element is the invalid value.
     ZyrMatrix3();
+    /// The elements row by row.
     ZyrMatrix3(double m00, double m01, double m02, double m10, double m11, double m12, double m20,
                double m21, double m22);
 
@@ -27,18 +28,22 @@ public:
 
     /// Frobenius norm: the root of the squares, summed row by row from the left.
     double Norm() const;
+    /// As cv::determinant gives it.
     double Determinant() const;
+    /// Rows become columns.
     ZyrMatrix3 Transposed() const;
     /// By LU decomposition; the zero matrix for a singular one.
     ZyrMatrix3 Inverse() const;
 
+    /// The matrix product.
     ZyrMatrix3 operator*(const ZyrMatrix3& other);
+    /// Element by element.
     ZyrMatrix3 operator+(const ZyrMatrix3& other);
     ZyrMatrix3 operator-(const ZyrMatrix3& other);
     ZyrMatrix3 operator*(double factor);
     /// Every element times 1/divisor: infinite or NaN when the divisor is 0.0.
     ZyrMatrix3 operator/(double divisor);
-    /// The summand is added to every element, not only along the diagonal.
+    /// The number is added to, or taken from, every element, not only along the diagonal.
     ZyrMatrix3 operator+(double summand);
     ZyrMatrix3 operator-(double subtrahend);
     /// Exact: NaN equals nothing, +0.0 equals -0.0.

@@ -15,6 +15,7 @@ class ZYR_EXPORT ZyrMatrix4 {
 public:
     /// Every element is 0.0.
     ZyrMatrix4();
+    /// The elements row by row.
     ZyrMatrix4(double m00, double m01, double m02, double m03, double m10, double m11, double m12,
                double m13, double m20, double m21, double m22, double m23, double m30, double m31,
                double m32, double m33);
@@ -28,19 +29,23 @@ public:
 
     /// Frobenius norm: the root of the squares, summed row by row from the left.
     double Norm() const;
+    /// As cv::determinant gives it.
     double Determinant() const;
+    /// Rows become columns.
     ZyrMatrix4 Transposed() const;
     /// By LU decomposition; the zero matrix for a singular one. A pivot below 2.22e-14 counts as
     /// none, so that 1e-15 times the identity inverts to zeros; ZyrMatrix3 knows no such bound.
     ZyrMatrix4 Inverse() const;
 
+    /// The matrix product.
     ZyrMatrix4 operator*(const ZyrMatrix4& other);
+    /// Element by element.
     ZyrMatrix4 operator+(const ZyrMatrix4& other);
     ZyrMatrix4 operator-(const ZyrMatrix4& other);
     ZyrMatrix4 operator*(double factor);
     /// Every element times 1/divisor: infinite or NaN when the divisor is 0.0.
     ZyrMatrix4 operator/(double divisor);
-    /// The summand is added to every element, not only along the diagonal.
+    /// The number is added to, or taken from, every element, not only along the diagonal.
     ZyrMatrix4 operator+(double summand);
     ZyrMatrix4 operator-(double subtrahend);
     /// Exact: NaN equals nothing, +0.0 equals -0.0.

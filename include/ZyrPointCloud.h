@@ -27,26 +27,32 @@ public:
     /// at the origin included; the invalid value itself and NaN mark nothing. Empty when data is
     /// null; throws std::length_error for a count of -3 or less.
     ZyrPointCloud(void* data, int count, int depth, double invalidMark);
+    /// Shares the other's three arrays.
     ZyrPointCloud(const ZyrPointCloud& other);
     ZyrPointCloud& operator=(const ZyrPointCloud& other);
     ~ZyrPointCloud();
 
+    /// Shares the given array and leaves the one held before.
     void SetPoints(const ZyrVector3dArray& points);
     void SetColors(const ZyrColorArray& colors);
     void SetNormals(const ZyrVector3dArray& normals);
 
-    /// The cloud's own arrays.
+    /// The cloud's own arrays, not copies.
     ZyrVector3dArray& PointData();
     ZyrVector3dArray& NormalData();
     ZyrColorArray& ColorData();
 
+    /// Copies with storage of their own.
     ZyrVector3dArray DeepCopyPoints();
     ZyrColorArray DeepCopyColors();
     ZyrVector3dArray DeepCopyNormals();
     ZyrPointCloud DeepCopy();
 
+    /// The number of points, valid or not.
     int Length() const;
+    /// Counted at each call.
     int NumValidPoints() const;
+    /// Whether there are as many as points, and at least one.
     bool IsValidColor() const;
     bool IsValidNormal() const;
 
@@ -59,6 +65,7 @@ public:
     ZyrVector3d Normal(int i) const;
     /// Point i; out of range a scratch element of the calling thread, invalid at each such access.
     ZyrVector3d& operator[](int i);
+    /// A copy of point i; out of range the invalid vector.
     ZyrVector3d operator[](int i) const;
 
     /// Appends each of the other's arrays to this cloud's. A cloud may be appended to itself.

@@ -16,11 +16,13 @@
 /// input.
 class ZYR_EXPORT ZyrQuaternion {
 public:
+    /// The scalar and the vector part.
     double w;
     ZyrVector3d v;
 
     /// Invalid: w is 0 and v the invalid vector.
     ZyrQuaternion();
+    /// Stored as given, not normalised.
     ZyrQuaternion(double w, ZyrVector3d& v);
 
     /// The rotation about an axis of any length. The angle is first reduced to [0, 360), so that
@@ -40,16 +42,19 @@ public:
     /// From a rotation matrix. Does nothing when IsValidTransformMatrix refuses it.
     void GenQuaternion(const ZyrMatrix3& m);
 
+    /// Component by component, valid or not.
     ZyrQuaternion operator+(ZyrQuaternion& p);
     ZyrQuaternion operator-(ZyrQuaternion& p);
     /// The Hamilton product: first p's rotation, then this one.
     ZyrQuaternion operator*(ZyrQuaternion& p);
+    /// Each component times the factor.
     ZyrQuaternion operator*(double factor);
     /// Invalid when the divisor's magnitude is below 1e-5 or NaN.
     ZyrQuaternion operator/(double divisor);
     /// This times p's inverse.
     ZyrQuaternion operator/(ZyrQuaternion& p);
 
+    /// The vector part negated.
     ZyrQuaternion Conjugate();
     /// Invalid when the squared length is below 1e-5.
     ZyrQuaternion Inverse();
@@ -59,6 +64,7 @@ public:
     ZyrQuaternion Normalized();
     /// Normalises this one in place, its sign kept; does nothing when it is invalid.
     void FormatQuaterion();
+    /// Whether v is a valid vector and the length exceeds 1e-5.
     bool IsValid();
 
     /// The axis is a unit vector, or (0, 0, 0) when v is no longer than 1e-5; the angle lies in
@@ -88,6 +94,7 @@ public:
     /// is zero or too short goes in with the invalid components of its Normalized: the mixture may
     /// come out as a valid unit quaternion even so.
     void LERP(ZyrQuaternion& p, double t, ZyrQuaternion* out);
+    /// The sum of the four products, valid or not.
     double Dot(ZyrQuaternion& p);
 };
 
@@ -106,7 +113,11 @@ ZYR_INLINE ZyrQuaternion ZyrQuaternion::operator-(ZyrQuaternion& p) {
 }
 
 ZYR_INLINE ZyrQuaternion ZyrQuaternion::operator*(ZyrQuaternion& p) {
-    ZyrVector3d product = v * p.w + p.v * w + v.Cross(p.v);
+    // v * p.w + p.v * w + v.Cross(p.v), its y and z as a pair that one instruction works on.
+    using Pair = double __attribute__((vector_size(16)));
+    const Pair yz = Pair{v.y, v.z} * p.w + Pair{p.v.y, p.v.z} * w +
+                    (Pair{v.z, v.x} * Pair{p.v.x, p.v.y} - Pair{v.x, v.y} * Pair{p.v.z, p.v.x});
+    ZyrVector3d product(v.x * p.w + p.v.x * w + (v.y * p.v.z - v.z * p.v.y), yz[0], yz[1]);
     return ZyrQuaternion(w * p.w - v.Dot(p.v), product);
 }
 

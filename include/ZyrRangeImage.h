@@ -49,6 +49,7 @@ public:
     ZyrRangeImage DeepCopy();
     /// A copy of the values, packed; empty when the copy fails.
     ZyrImage DeepCopyValues() const;
+    /// A copy of the colours.
     ZyrColorArray DeepCopyColors() const;
     /// Back to a default image; pixels stay with those who share them.
     void Clear();
@@ -59,6 +60,7 @@ public:
     /// Forwards to ZyrColorArray::CreateColorArray, and so stops the process unless width * height
     /// is negative (OpenCV's error) or channels is not 1, 3 or 4 (nothing happens).
     void SetColorSize(int width, int height, int channels);
+    /// Sets the calibration; Z comes first, and of each pair the resolution.
     void SetInfo(double resolutionZ, double offsetZ, double resolutionX, double offsetX,
                  double resolutionY, double offsetY);
     /// Copies rowEnd - rowStart + 1 packed rows from data into the rows rowStart to rowEnd. False,
@@ -77,11 +79,15 @@ public:
     void* Data() const;
     /// The first byte of the colours; null when there are none.
     unsigned char* ColorData() const;
+    /// OpenCV's depth code; 0 when there are no values.
     int DataType() const;
+    /// Columns and rows of the values.
     int Width() const;
     int Height() const;
+    /// The value range as it was set; the values themselves are not looked at.
     double MinValue() const;
     double MaxValue() const;
+    /// The calibration, in the caller's unit: a coordinate is resolution * position + offset.
     double ResolutionX() const;
     double OffsetX() const;
     double ResolutionY() const;

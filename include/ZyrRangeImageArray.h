@@ -12,17 +12,21 @@
 class ZYR_EXPORT ZyrRangeImageArray {
 public:
     ZyrRangeImageArray();
+    /// A list of its own, whose images share their pixels with the other's.
     ZyrRangeImageArray(const ZyrRangeImageArray& other);
     ZyrRangeImageArray& operator=(const ZyrRangeImageArray& other);
     ~ZyrRangeImageArray();
 
+    /// The number of images.
     int Length();
 
+    /// Adds an image that shares its pixels with the one given.
     void Append(const ZyrRangeImage& image);
     /// Appending a list to itself doubles it.
     void Append(const ZyrRangeImageArray& other);
     /// Before element i. Never appends: i = Length() is out of range.
     void Insert(int i, ZyrRangeImage& image);
+    /// The images behind it move up by one.
     void Remove(int i);
     /// Assigns to element i, which keeps its own value range.
     void Replace(int i, ZyrRangeImage& image);

@@ -22,33 +22,39 @@
 class ZYR_EXPORT ZyrTriangleMesh {
 public:
     ZyrTriangleMesh();
+    /// Shares the lists given; the others are empty.
     ZyrTriangleMesh(const ZyrVector3dArray& vertices, const Zyr3DIntArray& triangles);
     ZyrTriangleMesh(const ZyrVector3dArray& vertices, const Zyr3DIntArray& triangles,
                     const ZyrColorArray& vertexColors, const ZyrColorArray& triangleColors);
     ZyrTriangleMesh(const ZyrVector3dArray& vertices, const Zyr3DIntArray& triangles,
                     const ZyrColorArray& vertexColors, const ZyrColorArray& triangleColors,
                     const ZyrVector3dArray& vertexNormals, const ZyrVector3dArray& triangleNormals);
+    /// Shares the other's lists.
     ZyrTriangleMesh(const ZyrTriangleMesh& other);
     /// Clears this mesh's lists in place, then shares the other's.
     ZyrTriangleMesh& operator=(const ZyrTriangleMesh& other);
     ~ZyrTriangleMesh();
 
-    /// These three clear the old list in place, then share the new one.
+    /// Clears the old list in place, then shares the new one.
     void SetVertices(const ZyrVector3dArray& vertices);
     void SetTriangles(const Zyr3DIntArray& triangles);
     void SetVertexColors(const ZyrColorArray& colors);
     /// Shares the new list without clearing the old one, unlike its three siblings.
     void SetTriangleColors(const ZyrColorArray& colors);
 
+    /// Empties the list in place, for those who share it too; colours for this mesh alone.
     void ClearVertices();
     void ClearVertexNormal();
     void ClearVertexColors();
     void ClearTriangles();
     void ClearTriangleNormal();
     void ClearTriangleColors();
+    /// Empties all six lists likewise.
     void Clear();
 
+    /// The number of vertices, valid or not.
     int NumVertices() const;
+    /// A third of the number of indices, rounded down.
     int NumTriangles() const;
     /// Whether there are as many as vertices or triangles, which holds for none of none too.
     /// Colours count by rows times columns here, while Save counts the columns alone.
@@ -56,15 +62,19 @@ public:
     bool IsValidVertexNormal() const;
     bool IsValidTriangleColor() const;
     bool IsValidTriangleNormal() const;
+    /// Whether vertex i is there and a valid vector.
     bool IsValidVertex(int i) const;
     /// Whether the triangle has three different indices in range and its corners, in order, are a
     /// valid Zyr3DTriangle.
     bool IsValidTriangle(int t) const;
+    /// Counted at each call.
     int NumValidVertices() const;
     int NumValidTriangles() const;
 
+    /// Reads or writes vertex i.
     void SelectVertex(int i, ZyrVector3d* out);
     void ReplaceVertex(int i, const ZyrVector3d& v);
+    /// The triangle's three vertex indices as they are stored.
     void SelectTriangle(int t, int* a, int* b, int* c);
     /// The indices are stored as they are given, in range or not.
     void ReplaceTriangle(int t, int a, int b, int c);
@@ -74,17 +84,19 @@ public:
     /// each call.
     void SelectTriangle(int t, Zyr3DTriangle* out);
 
-    /// The colour and normal accessors do nothing while their list does not count as present.
+    /// Nothing happens while the list does not count as present.
     void SelectVertexColor(int i, ZyrColor* out);
     void ReplaceVertexColor(int i, ZyrColor& color);
     /// The index is held against the number of *triangles*: a vertex from there on selects nothing,
     /// and one past the normals, where a mesh has more triangles than vertices, is the invalid
     /// vector.
     void SelectVertexNormal(int i, ZyrVector3d* out);
+    /// Nothing happens while the list does not count as present.
     void SelectTriangleColor(int t, ZyrColor* out);
     void ReplaceTriangleColor(int t, ZyrColor& color);
     void SelectTriangleNormal(int t, ZyrVector3d* out);
 
+    /// Copies with storage of their own.
     ZyrTriangleMesh DeepCopy();
     ZyrVector3dArray DeepCopyVertex();
     ZyrVector3dArray DeepCopyVertexNormal();
@@ -94,7 +106,7 @@ public:
     ZyrColorArray DeepCopyTriangleColor();
 
     /// The lists' flat buffers: 3 doubles a vertex or normal, 3 indices a triangle, the colour
-    /// matrix's bytes.
+    /// matrix's bytes. Null when empty.
     double* VertexData();
     double* VertexNormalData();
     unsigned char* VertexColorData();

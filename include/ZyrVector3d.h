@@ -20,14 +20,17 @@ constexpr double kInvalidValue = 3.4028234663852886e+38;
 /// validity: adding to an invalid vector just adds to the invalid value.
 class ZYR_EXPORT ZyrVector3d {
 public:
+    /// The coordinates, in the caller's unit.
     double x;
     double y;
     double z;
 
     /// The invalid vector: all three components hold the invalid value.
     ZyrVector3d();
+    /// Stored as given.
     ZyrVector3d(double x, double y, double z);
 
+    /// Component by component, valid or not.
     ZyrVector3d operator+(const ZyrVector3d& other) const;
     ZyrVector3d operator-(const ZyrVector3d& other) const;
     ZyrVector3d operator*(double factor) const;
@@ -36,6 +39,7 @@ public:
     /// Exact: NaN equals nothing, +0.0 equals -0.0.
     bool operator==(const ZyrVector3d& other);
 
+    /// Whether each component lies below the invalid value.
     bool IsValid();
     /// Sets all three components to the invalid value.
     void InValidate();
@@ -58,6 +62,7 @@ public:
     double Norm() const;
     /// x x' + y y' + z z', summed in that order, as the squares of Norm and IsNormalized are.
     double Dot(const ZyrVector3d& other);
+    /// The cross product, this vector first.
     ZyrVector3d Cross(const ZyrVector3d& other);
 
     /// The vector divided by its norm; NaN components for the zero vector. When the norm reaches

@@ -9,6 +9,8 @@
 
 namespace zyr {
 
+struct StoreAccess;
+
 /// What each shared-storage array holds: the vector it works on, and its share of that vector.
 template <class T>
 struct SharedStore {
@@ -54,7 +56,9 @@ public:
     /// An array with a store of its own that holds copies of all elements.
     ZyrVector3dArray DeepCopy();
 
+    /// The number of vectors, valid or not.
     int Length() const;
+    /// Counted at each call.
     int NumValidPoints() const;
     /// The flat buffer, 3 doubles a vector; null when empty. Valid until the store next grows or is
     /// cleared, or the last array that shares it goes.
@@ -63,15 +67,19 @@ public:
     /// New elements are invalid vectors, surplus ones are dropped from the end. Throws
     /// std::length_error for a negative n.
     void SetSize(int n);
+    /// Adds a copy at the end.
     void Append(const ZyrVector3d& v);
     /// Appending an array to itself doubles it.
     void Append(const ZyrVector3dArray& other);
     /// Before element i. Never appends: i = Length() is out of range, as is any i of an empty
     /// array.
     void Insert(int i, ZyrVector3d& v);
+    /// The elements behind it move up by one.
     void Remove(int i);
+    /// Writes or reads element i.
     void Replace(int i, ZyrVector3d& v);
     void Select(int i, ZyrVector3d* out);
+    /// Exchanges two elements; nothing happens unless both are there.
     void Swap(int i, int j);
     /// Empties the shared store and gives its memory back.
     void Clear();
@@ -83,6 +91,8 @@ public:
     ZyrVector3d operator[](int i) const;
 
 private:
+    friend struct zyr::StoreAccess;
+
     zyr::SharedStore<ZyrVector3d>* store_;
 };
 

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/FreshMemory.h"
+
 /// The index rules that all lists of the library share: an index out of range does nothing.
 namespace zyr {
 
@@ -43,6 +45,7 @@ void swapAt(std::vector<T>& list, int i, int j) {
 template <class T>
 void appendAll(std::vector<T>& list, const std::vector<T>& other) {
     if (&list != &other) {
+        if (list.empty()) reserveFresh(list, other.size());
         list.insert(list.end(), other.begin(), other.end());
         return;
     }

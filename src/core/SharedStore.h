@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ZyrVector3dArray.h"
+#include "core/FreshMemory.h"
 
 /// The sharing rules of the arrays: each owns one holder, and holders share element vectors.
 namespace zyr {
@@ -22,7 +23,7 @@ SharedStore<T>* newShare(const SharedStore<T>& other) {
 /// Reserving first makes a negative size fail as a length error, before anything changes.
 template <class T>
 void setSize(std::vector<T>& elements, int n) {
-    elements.reserve(static_cast<std::size_t>(n));
+    reserveFresh(elements, static_cast<std::size_t>(n));
     elements.resize(static_cast<std::size_t>(n));
 }
 

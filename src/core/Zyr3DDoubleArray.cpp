@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/FreshMemory.h"
 #include "core/IndexRules.h"
 #include "core/SharedStore.h"
 
@@ -27,7 +28,7 @@ Zyr3DDoubleArray::~Zyr3DDoubleArray() {
 
 Zyr3DDoubleArray Zyr3DDoubleArray::DeepCopy() {
     Zyr3DDoubleArray copy;
-    *copy.store_->elements = *store_->elements;
+    *copy.store_->elements = zyr::copyOf(*store_->elements);
     return copy;
 }
 

@@ -1,5 +1,6 @@
 #include "Zyr3DIntArray.h"
 
+#include "core/FreshMemory.h"
 #include "core/IndexRules.h"
 #include "core/SharedStore.h"
 
@@ -21,7 +22,7 @@ Zyr3DIntArray::~Zyr3DIntArray() {
 
 Zyr3DIntArray Zyr3DIntArray::DeepCopy() {
     Zyr3DIntArray copy;
-    *copy.store_->elements = *store_->elements;
+    *copy.store_->elements = zyr::copyOf(*store_->elements);
     return copy;
 }
 

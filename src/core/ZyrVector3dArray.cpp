@@ -1,22 +1,17 @@
 #include "ZyrVector3dArray.h"
 
-#include <algorithm>
-
+#include "core/FreshMemory.h"
 #include "core/IndexRules.h"
+#include "core/RawPoints.h"
 #include "core/SharedStore.h"
+#include "core/ValidPoints.h"
 
 namespace {
 
-std::vector<ZyrVector3d> copyVectors(const double* data, int count) {
+std::vector<ZyrVector3d> copyVectors(const double* data, int count, double invalidMark) {
     static_assert(sizeof(ZyrVector3d) == 3 * sizeof(double), "vectors are flat runs of doubles");
-    if (count % 3 != 0) return {};
-    return zyr::copyBuffer(reinterpret_cast<const ZyrVector3d*>(data), count / 3);
-}
-
-void invalidateMarked(std::vector<ZyrVector3d>& vectors, double mark) {
-    if (mark == zyr::kInvalidValue) return;
-    for (ZyrVector3d& v : vectors)
-        if (v.x == mark || v.y == mark || v.z == mark) v.InValidate();
+    if (count % 3 != 0 || data == nullptr) return {};
+    return zyr::rawPoints<double>(data, static_cast<std::size_t>(count / 3), invalidMark);
 }
 
 }  // namespace
@@ -24,9 +19,7 @@ void invalidateMarked(std::vector<ZyrVector3d>& vectors, double mark) {
 ZyrVector3dArray::ZyrVector3dArray() : store_(zyr::newStore<ZyrVector3d>()) {}
 
 ZyrVector3dArray::ZyrVector3dArray(double* data, int count, double invalidMark)
-    : store_(zyr::newStore(copyVectors(data, count))) {
-    invalidateMarked(*store_->elements, invalidMark);
-}
+    : store_(zyr::newStore(copyVectors(data, count, invalidMark))) {}
 
 ZyrVector3dArray::ZyrVector3dArray(const ZyrVector3dArray& other)
     : store_(zyr::newShare(*other.store_)) {}
@@ -42,13 +35,14 @@ ZyrVector3dArray::~ZyrVector3dArray() {
 
 ZyrVector3dArray ZyrVector3dArray::DeepCopy() {
     ZyrVector3dArray copy;
-    *copy.store_->elements = *store_->elements;
+    *copy.store_->elements = zyr::copyOf(*store_->elements);
     return copy;
 }
 
 int ZyrVector3dArray::NumValidPoints() const {
-    return static_cast<int>(std::count_if(store_->elements->begin(), store_->elements->end(),
-                                          [](ZyrVector3d v) { return v.IsValid(); }));
+    const std::vector<ZyrVector3d>& vectors = *store_->elements;
+    return static_cast<int>(
+        zyr::countValid(reinterpret_cast<const double*>(vectors.data()), vectors.size()));
 }
 
 double* ZyrVector3dArray::Data() const {

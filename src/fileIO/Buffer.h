@@ -15,8 +15,6 @@ public:
     Byte* data() { return bytes_.get(); }
     const Byte* data() const { return bytes_.get(); }
     std::size_t size() const { return size_; }
-    /// Forgets the bytes from size on.
-    void shrink(std::size_t size) { size_ = size < size_ ? size : size_; }
 
 private:
     std::unique_ptr<Byte[]> bytes_;

@@ -5,7 +5,6 @@
 #include "ZyrColor.h"
 
 namespace zyr {
-namespace {
 
 std::uint32_t packColor(const unsigned char* element, int channels) {
     if (channels == 1) return element[0];
@@ -13,8 +12,6 @@ std::uint32_t packColor(const unsigned char* element, int channels) {
     RGBA2argb(element[2], element[1], element[0], channels == 4 ? element[3] : 255, &word);
     return word;
 }
-
-}  // namespace
 
 bool isColorChannelCount(std::int64_t channels) {
     return channels == 1 || channels == 3 || channels == 4;
@@ -26,27 +23,17 @@ bool hasColors(const cv::Mat& colors, std::size_t elements) {
            static_cast<std::size_t>(colors.cols) == elements;
 }
 
-std::vector<std::uint32_t> packColors(const cv::Mat& colors) {
-    const int channels = colors.channels();
-    const unsigned char* row = colors.ptr();
-    std::vector<std::uint32_t> words(static_cast<std::size_t>(colors.cols));
-    for (std::size_t i = 0; i < words.size(); ++i)
-        words[i] = packColor(row + i * colors.elemSize(), channels);
-    return words;
-}
-
 void setBlack(cv::Mat& colors, int n, int channels) {
     colors.create(1, n, CV_8UC(channels));
     colors.setTo(0);
 }
 
+// A word's bytes lie in the order of the channels: b, g, r, a.
 void unpackColor(std::uint32_t word, cv::Mat& colors, std::size_t i) {
-    int r, g, b, a;
-    argb2RGBA(word, &r, &g, &b, &a);
-    const int channels[] = {b, g, r, a};
     const std::size_t count = colors.elemSize();
     unsigned char* element = colors.ptr() + i * count;
-    for (std::size_t k = 0; k < count; ++k) element[k] = static_cast<unsigned char>(channels[k]);
+    for (std::size_t k = 0; k < count; ++k)
+        element[k] = static_cast<unsigned char>(word >> (8 * k));
 }
 
 }  // namespace zyr

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 namespace cv {
 class Mat;
@@ -17,9 +16,9 @@ bool isColorChannelCount(std::int64_t channels);
 /// an element.
 bool hasColors(const cv::Mat& colors, std::size_t elements);
 
-/// The first row as words: 0xAARRGGBB, with alpha 255 for three channels; the bare grey level for
+/// An element as a word: 0xAARRGGBB, with alpha 255 for three channels; the bare grey level for
 /// one.
-std::vector<std::uint32_t> packColors(const cv::Mat& colors);
+std::uint32_t packColor(const unsigned char* element, int channels);
 
 /// Makes the matrix 1 x n of the channel count, in place where it is that already, all bytes 0.
 void setBlack(cv::Mat& colors, int n, int channels);

@@ -1,7 +1,5 @@
 #include "fileIO/File.h"
 
-#include <algorithm>
-
 namespace zyr {
 
 File openFile(const char* path, const char* mode) {
@@ -16,22 +14,6 @@ bool closeFile(File& file) {
     return std::fclose(file.release()) == 0;
 }
 
-std::vector<Byte> readUpTo(std::FILE* file, std::uint64_t size) {
-    constexpr std::uint64_t kFirstStep = 1 << 20;
-    std::vector<Byte> bytes;
-    while (bytes.size() < size) {
-        const std::size_t had = bytes.size();
-        const std::uint64_t step = std::max<std::uint64_t>(kFirstStep, had);
-        bytes.resize(had + static_cast<std::size_t>(std::min(step, size - had)));
-        const std::size_t got = std::fread(bytes.data() + had, 1, bytes.size() - had, file);
-        if (had + got < bytes.size()) {
-            bytes.resize(had + got);
-            break;
-        }
-    }
-    return bytes;
-}
-
 std::uint64_t remainingBytes(std::FILE* file) {
     const off_t here = ftello(file);
     if (here < 0 || fseeko(file, 0, SEEK_END) != 0) return 0;
@@ -40,9 +22,13 @@ std::uint64_t remainingBytes(std::FILE* file) {
     return static_cast<std::uint64_t>(end - here);
 }
 
-bool isBacked(std::uint64_t elementBytes, std::uint64_t neededBytes, std::uint64_t presentBytes) {
+bool isAlwaysAllowed(std::uint64_t elementBytes) {
     constexpr std::uint64_t kAlwaysAllowed = 64 << 20;
-    return elementBytes <= kAlwaysAllowed || neededBytes <= presentBytes;
+    return elementBytes <= kAlwaysAllowed;
+}
+
+bool isBacked(std::uint64_t elementBytes, std::uint64_t neededBytes, std::uint64_t presentBytes) {
+    return isAlwaysAllowed(elementBytes) || neededBytes <= presentBytes;
 }
 
 }  // namespace zyr

@@ -3,9 +3,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <vector>
-
-#include "fileIO/LzfCodec.h"
 
 namespace zyr {
 
@@ -24,15 +21,14 @@ bool writeAll(std::FILE* file, const void* bytes, std::size_t size);
 /// False when what was written did not get through.
 bool closeFile(File& file);
 
-/// The next bytes of the file, fewer where it ends. Allocates as it reads, so that a size stated by
-/// the file costs no more memory than the file has bytes.
-std::vector<Byte> readUpTo(std::FILE* file, std::uint64_t size);
-
 /// Bytes from the current position to the end; 0 for what has no end to seek to.
 std::uint64_t remainingBytes(std::FILE* file);
 
 /// What an element takes in an "ascii" body at least: three digits, two spaces and a line feed.
 constexpr std::uint64_t kLeastAsciiBytes = 6;
+
+/// Whether elements of this many bytes may be allocated whatever the file holds.
+bool isAlwaysAllowed(std::uint64_t elementBytes);
 
 /// Whether elements of this many bytes may be allocated for a file that has fewer bytes than it
 /// declares: small ones always, others only when the bytes they need are there.

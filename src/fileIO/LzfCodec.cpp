@@ -4,14 +4,14 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 
 #include "LZF.h"
+#include "fileIO/LzfEqual.h"
 
 namespace zyr {
 namespace {
 
-// The rolling hash of three bytes.
+// The rolling hash of three bytes; those that have left it do not reach IDX's bits.
 std::uint32_t FRST(const Byte* p, std::size_t i) {
     return static_cast<std::uint32_t>(p[i]) << 8 | p[i + 1];
 }
@@ -31,7 +31,14 @@ class ChunkWriter {
 public:
     ChunkWriter(Byte* out, std::size_t outLen) : out_(out), room_(outLen) {}
 
-    bool literals(const Byte* first, std::size_t count) {
+    /// The bytes of which behind more can be read.
+    bool literals(const Byte* first, std::size_t count, std::size_t behind) {
+        if (count <= 16 && count + behind >= 16 && reserve(17)) {
+            out_[written_] = static_cast<Byte>(count - 1);
+            std::memcpy(out_ + written_ + 1, first, 16);
+            written_ += count + std::size_t(count != 0);
+            return true;
+        }
         while (count > 0) {
             const std::size_t run = std::min<std::size_t>(count, MAX_LIT);
             if (!reserve(1 + run)) return false;
@@ -66,7 +73,8 @@ private:
 };
 
 /// The last position of each three-byte hash. Positions are kept modulo 2^32; an entry never set
-/// reads as position 0. Both are harmless, since candidates are compared byte by byte.
+/// reads as position 0. Both are harmless, since candidates are compared byte by byte and lie in
+/// the input.
 class PositionTable {
 public:
     /// Distance back to the hash's last position, which becomes this one.
@@ -81,38 +89,32 @@ private:
     std::array<std::uint32_t, HSIZE> last_{};
 };
 
-std::size_t matchLength(const Byte* candidate, const Byte* here, std::size_t limit) {
-    std::size_t length = 0;
-    while (length < limit && candidate[length] == here[length]) ++length;
+/// The first three bytes are equal.
+std::size_t matchLength(const Byte* here, std::size_t distance, std::size_t limit) {
+    std::size_t length = 3;
+    while (length + 8 <= limit) {
+        const std::size_t more = lzfEqualFirst(here + length, distance);
+        length += more;
+        if (more < 8) return length;
+    }
+    while (length < limit && here[length] == (here - distance)[length]) ++length;
     return length;
 }
 
-LzfResult decompress(const Byte* in, std::size_t inLen, std::size_t readable, Byte* out,
-                     std::size_t outLen) {
-    std::size_t ip = 0;
-    std::size_t op = 0;
-    while (ip < inLen) {
-        const std::size_t control = in[ip++];
-        if (control < MAX_LIT) {
-            const std::size_t run = control + 1;
-            if (run > outLen - op) return {LzfEnd::Overrun, op};
-            const std::size_t there = std::min(run, readable - ip);
-            std::memcpy(out + op, in + ip, there);
-            ip += there;
-            op += there;
-            if (there < run) return {LzfEnd::Cut, op};
-            continue;
-        }
-        std::size_t length = (control >> 5) + 2;
-        const bool isLong = length == 9;
-        if (readable - ip < (isLong ? 2U : 1U)) return {LzfEnd::Cut, op};
-        if (isLong) length += in[ip++];
-        const std::size_t distance = ((control & 31) << 8) + in[ip++] + 1;
-        if (length > outLen - op) return {LzfEnd::Overrun, op};
-        if (distance > op) return {LzfEnd::BadReference, op};
-        for (; length > 0; --length, ++op) out[op] = out[op - distance];
-    }
-    return {LzfEnd::Whole, op};
+/// Whether the three bytes are those that lie the distance before, which is within reach. One test
+/// in all, since neither is easy to predict; four bytes can be read.
+bool isMatch(const Byte* here, std::size_t distance) {
+    std::uint32_t a;
+    std::uint32_t b;
+    std::memcpy(&a, here, 4);
+    std::memcpy(&b, here - distance, 4);
+    return (lzfLittle(a ^ b) << 8 | std::uint32_t(distance - 1 >= MAX_OFF)) == 0;
+}
+
+/// Bytes of the chunk that starts with the control byte.
+std::size_t chunkBytes(std::size_t control) {
+    if (control < MAX_LIT) return control + 2;
+    return control >> 5 == 7 ? 3 : 2;
 }
 
 }  // namespace
@@ -123,17 +125,18 @@ std::size_t lzfCompress(const Byte* in, std::size_t inLen, Byte* out, std::size_
     std::size_t literals = 0;  // where the pending literal run starts
     std::size_t ip = 0;
     // A reference is looked for while at least 4 bytes remain.
+    std::uint32_t hash = inLen > kMinMatch ? FRST(in, 0) : 0;
     while (inLen - ip >= kMinMatch + 1) {
-        const std::size_t distance = table.exchange(NEXT(FRST(in, ip), in, ip), ip);
-        const bool inReach = distance >= 1 && distance <= MAX_OFF && distance <= ip;
-        const std::size_t length = inReach ? matchLength(in + ip - distance, in + ip,
-                                                         std::min<std::size_t>(inLen - ip, MAX_REF))
-                                           : 0;
-        if (length < kMinMatch) {
+        hash = NEXT(hash, in, ip);
+        const std::size_t distance = table.exchange(hash, ip);
+        if (!isMatch(in + ip, distance)) {
             ++ip;
             continue;
         }
-        if (!writer.literals(in + literals, ip - literals) || !writer.reference(length, distance))
+        const std::size_t limit = std::min<std::size_t>(inLen - ip, MAX_REF);
+        const std::size_t length = matchLength(in + ip, distance, limit);
+        if (!writer.literals(in + literals, ip - literals, inLen - ip) ||
+            !writer.reference(length, distance))
             return 0;
         ip += length;
         literals = ip;
@@ -141,18 +144,23 @@ std::size_t lzfCompress(const Byte* in, std::size_t inLen, Byte* out, std::size_
         // than they save bytes.
         for (std::size_t p = ip - 2; p < ip && inLen - p >= kMinMatch; ++p)
             table.exchange(NEXT(FRST(in, p), in, p), p);
+        if (inLen - ip >= kMinMatch) hash = FRST(in, ip);
     }
-    if (!writer.literals(in + literals, inLen - literals)) return 0;
+    if (!writer.literals(in + literals, inLen - literals, 0)) return 0;
     return writer.written();
 }
 
 LzfResult lzfDecompress(const Byte* in, std::size_t inLen, Byte* out, std::size_t outLen) {
-    return decompress(in, inLen, inLen, out, outLen);
+    const LzfStep step = lzfDecodeStep(in, inLen, out, 0, outLen);
+    return {step.end, step.produced + step.partial};
 }
 
 LzfResult lzfDecompressTrusted(const Byte* in, std::size_t inLen, Byte* out, std::size_t outLen) {
-    constexpr auto kUnbounded = std::numeric_limits<std::size_t>::max();
-    return decompress(in, std::max<std::size_t>(inLen, 1), kUnbounded, out, outLen);
+    const LzfStep step = lzfDecodeStep(in, std::max<std::size_t>(inLen, 1), out, 0, outLen);
+    if (step.end != LzfEnd::Cut) return {step.end, step.produced};
+    const Byte* last = in + step.consumed;
+    const LzfStep end = lzfDecodeStep(last, chunkBytes(*last), out, step.produced, outLen);
+    return {end.end, step.produced + end.produced};
 }
 
 }  // namespace zyr

@@ -100,7 +100,9 @@ void pcdReadLine(std::FILE* file, PcdLine& line) {
     line.words[0][0] = '\0';
     int wordLength = 0;
     bool isComment = false;
-    for (int c = std::getc(file); c != EOF; c = std::getc(file)) {
+    line.numBytes = 0;
+    for (int c = getc_unlocked(file); c != EOF; c = getc_unlocked(file)) {
+        if (++line.numBytes > PcdHeader::maxNumBytes) return;
         if (endsLine(c)) {
             line.words[line.numWords++][wordLength] = '\0';
             return;
@@ -151,9 +153,11 @@ void pcdReadSize(const PcdLine& line, PcdHeader& header) {
 bool pcdReadHeader(std::FILE* file, PcdHeader& header) {
     header = {};
     PcdLine line;
+    std::size_t numBytes = 0;
     while (!header.hasData) {
         pcdReadLine(file, line);
-        if (std::feof(file) || std::ferror(file)) return false;
+        numBytes += line.numBytes;
+        if (std::feof(file) || std::ferror(file) || numBytes > PcdHeader::maxNumBytes) return false;
         pcdReadFields(line, header);
         readKeyword(line, header);
     }

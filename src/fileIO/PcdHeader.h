@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 
@@ -14,6 +15,7 @@ struct PcdLine {
     // The last word of a line is not held against the limit.
     char words[maxNumWords + 1][maxWordSize + 1];
     int numWords;
+    std::size_t numBytes;  ///< with the byte that ends the line
 
     /// Word i; empty when the line has no such word.
     const char* word(int i) const { return i < numWords ? words[i] : ""; }
@@ -29,6 +31,8 @@ struct PcdField {
 
 struct PcdHeader {
     static constexpr int maxNumFields = 14;
+    /// Comments may have any length, but a device that never ends must not be read for ever.
+    static constexpr std::size_t maxNumBytes = std::size_t(1) << 20;
 
     bool hasFields;  ///< a field named "x" exists
     bool hasSize, hasType, hasCount, hasWidth, hasHeight, hasViewpoint, hasPoints, hasFaces;
@@ -44,7 +48,8 @@ struct PcdHeader {
 };
 
 /// Reads one line. A word of 33 characters or a line of 62 words stops the process. At the end of
-/// the file the line is incomplete and must not be used.
+/// the file, and of a header that goes beyond its limit, the line is incomplete and must not be
+/// used.
 void pcdReadLine(std::FILE* file, PcdLine& line);
 
 /// Takes the names from a FIELDS line; does nothing for any other.
@@ -54,8 +59,9 @@ void pcdReadFields(const PcdLine& line, PcdHeader& header);
 void pcdReadSize(const PcdLine& line, PcdHeader& header);
 
 /// Reads lines up to and with the DATA line, after which the body starts. False when the file ends
-/// before it, or when no file of ours could have such fields: more than 14, a group of columns that
-/// lacks some, a negative number or one beyond 32 bits.
+/// before it, when the lines take more bytes than a header may have, or when no file of ours could
+/// have such fields: more than 14, a group of columns that lacks some, a negative number or one
+/// beyond 32 bits.
 bool pcdReadHeader(std::FILE* file, PcdHeader& header);
 
 }  // namespace zyr

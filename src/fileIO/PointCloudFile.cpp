@@ -7,11 +7,11 @@
 
 #include "Zyr3DFileIO.h"
 #include "ZyrVector3dArray.h"
-#include "fileIO/ByteCursor.h"
 #include "fileIO/ColorWords.h"
 #include "fileIO/File.h"
 #include "fileIO/PcdHeader.h"
 #include "fileIO/ReadColumns.h"
+#include "fileIO/ReadTargets.h"
 #include "fileIO/WrittenColumns.h"
 
 namespace zyr {
@@ -38,27 +38,12 @@ bool savePointCloud(const ZyrVector3dArray& points, const ZyrVector3dArray& norm
     addVectors(columns, "x", "y", "z", points);
     if (withNormals && normals.Length() == points.Length())
         addVectors(columns, "nx", "ny", "nz", normals);
-    std::vector<std::uint32_t> words;
     const bool writesColors = withColors && hasColors(colors, length);
-    if (writesColors) {
-        words = packColors(colors);
-        addWords(columns, "rgb", words);
-    }
-    if (!fitsSizeWords(columns)) return false;
-    const Buffer stream = compressBody(columns);
-    if (stream.size() > std::numeric_limits<std::uint32_t>::max()) return false;
-
-    const File file = openFile(path, "wb");
-    if (file == nullptr) return false;
-    const std::string header = headerText(columns, length);
-    const std::array<std::uint32_t, 3> preamble = {
-        writesColors ? static_cast<std::uint32_t>(colors.channels()) : 1,
-        static_cast<std::uint32_t>(stream.size()), static_cast<std::uint32_t>(bodySize(columns))};
-    // Deliberately unchecked, as the header says.
-    (void)std::fwrite(header.data(), 1, header.size(), file.get());
-    (void)std::fwrite(preamble.data(), sizeof preamble, 1, file.get());
-    (void)std::fwrite(stream.data(), 1, stream.size(), file.get());
-    return true;
+    if (writesColors) addColors(columns, "rgb", colors);
+    const std::uint32_t channels = writesColors ? static_cast<std::uint32_t>(colors.channels()) : 1;
+    // Whether all was written is deliberately not told, as the header says.
+    return writeFile(path, headerText(columns, length), {channels}, columns) !=
+           FileWritten::refused;
 }
 
 // Reading
@@ -187,13 +172,21 @@ bool loadCompressed(std::FILE* file, const PcdHeader& header, const Target& targ
     if (target.withColors && channels && !isColorChannelCount(*channels)) return false;
     const std::uint64_t allocated =
         elementBytes(header, target, target.withColors ? channels.value_or(0) : 0);
-    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
-    if (!body) return false;
+    LzfReader body = openBody(file, *layout, preamble);
+    if (!isBacked(body, *layout, allocated)) return false;
 
-    setSizes(header, target);
-    readVectors(*body, *layout, header.x, false, target.points);
-    if (target.withNormals) readVectors(*body, *layout, header.nx, false, target.normals);
-    if (target.withColors) readColors(*body, *layout, header.rgb, channels, target.colors);
+    std::vector<ColumnTaker> takers;
+    constexpr bool kKeepsNaN = false;
+    VectorTargets vectors(kKeepsNaN);
+    // The points last: the normals may share their store.
+    vectors.add(target.normals, target.withNormals ? header.points : 0,
+                target.withNormals ? header.nx : -1, takers);
+    vectors.add(target.points, header.points, header.x, takers);
+    ColorTarget colors(target.withColors, header.points, channels);
+    colors.takeFrom(header.rgb, takers);
+    if (!readColumns(body, *layout, takers)) return false;
+    vectors.publish();
+    colors.publish(target.colors);
     return true;
 }
 

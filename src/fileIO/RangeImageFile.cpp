@@ -1,14 +1,18 @@
 #include "fileIO/RangeImageFile.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <limits>
 #include <opencv2/core.hpp>
-#include <optional>
-#include <vector>
 
 #include "Zyr3DFileIO.h"
-#include "fileIO/Buffer.h"
+#include "core/FreshMemory.h"
 #include "fileIO/ColorWords.h"
 #include "fileIO/File.h"
+#include "fileIO/LzfReader.h"
+#include "fileIO/StreamWriter.h"
 
 namespace zyr {
 namespace {
@@ -40,16 +44,34 @@ bool isColorGrid(const cv::Mat& colors) {
     return hasColors(colors, static_cast<std::size_t>(colors.cols));
 }
 
-/// The rows without gaps, as one stream.
-Buffer compressRows(const cv::Mat& mat) {
-    const cv::Mat rows = mat.isContinuous() ? mat : mat.clone();
-    const std::size_t size = rows.total() * rows.elemSize();
-    Buffer stream(lzfWorstCase(size));
-    stream.shrink(lzfCompress(rows.data, size, stream.data(), stream.size()));
-    return stream;
+std::size_t rowBytes(const cv::Mat& mat) {
+    return static_cast<std::size_t>(mat.cols) * mat.elemSize();
 }
 
-Head headOf(const RangeImageParts& image, const Buffer& values) {
+/// The rows one after the other, without gaps.
+BlockSource rowsOf(const cv::Mat& mat) {
+    const std::size_t width = mat.channels() == 3 ? mat.elemSize1() : mat.elemSize();
+    return [&mat, width, done = std::size_t(0)](Byte* target, std::size_t room) mutable {
+        const std::size_t bytes = rowBytes(mat);
+        const std::size_t all = bytes * static_cast<std::size_t>(mat.rows);
+        BlockValues block{0, width};
+        while (block.size < room && done < all) {
+            const std::size_t count = std::min(room - block.size, bytes - done % bytes);
+            const Byte* row = mat.ptr(static_cast<int>(done / bytes));
+            std::memcpy(target + block.size, row + done % bytes, count);
+            block.size += count;
+            done += count;
+        }
+        return block;
+    };
+}
+
+StreamWriter streamOf(const cv::Mat& mat) {
+    constexpr std::uint64_t kMost = std::numeric_limits<std::int32_t>::max();
+    return StreamWriter(rowsOf(mat), rowBytes(mat) * static_cast<std::size_t>(mat.rows), kMost);
+}
+
+Head headOf(const RangeImageParts& image, const StreamWriter& values) {
     return {1,
             image.values.type(),
             image.values.cols,
@@ -61,25 +83,31 @@ Head headOf(const RangeImageParts& image, const Buffer& values) {
             image.offsetY,
             image.offsetZ,
             isColorGrid(image.colors) ? image.colors.channels() : 1,
-            static_cast<std::int32_t>(values.size())};
+            static_cast<std::int32_t>(values.sizeWord())};
+}
+
+bool writeParts(std::FILE* file, const RangeImageParts& image, StreamWriter& values,
+                StreamWriter& colors) {
+    values.prepareFor(file);
+    colors.prepareFor(file);
+    const Head head = headOf(image, values);
+    const std::uint32_t colorBytes = colors.sizeWord();
+    return writeAll(file, &head, sizeof head) && values.write(file, offsetof(Head, valueBytes)) &&
+           writeAll(file, &colorBytes, sizeof colorBytes) &&
+           colors.write(file, static_cast<off_t>(sizeof head + values.sizeWord()));
 }
 
 bool saveRangeImage(const RangeImageParts& image, const char* path, bool withColors) {
     if (!isWritable(image.values)) return false;
-    const Buffer values = compressRows(image.values);
     const bool writesColors =
         withColors && isColorGrid(image.colors) && image.colors.total() == image.values.total();
-    const Buffer colors = writesColors ? compressRows(image.colors) : Buffer(0);
-    if (!fitsRangeBlock(values.size()) || !fitsRangeBlock(colors.size())) return false;
-
+    const cv::Mat noColors;
+    StreamWriter values = streamOf(image.values);
+    StreamWriter colors = streamOf(writesColors ? image.colors : noColors);
+    if (!values.fits() || !colors.fits()) return false;
     File file = openFile(path, "wb");
     if (file == nullptr) return false;
-    const Head head = headOf(image, values);
-    const auto colorBytes = static_cast<std::int32_t>(colors.size());
-    const bool isWritten = writeAll(file.get(), &head, sizeof head) &&
-                           writeAll(file.get(), values.data(), values.size()) &&
-                           writeAll(file.get(), &colorBytes, sizeof colorBytes) &&
-                           writeAll(file.get(), colors.data(), colors.size());
+    const bool isWritten = writeParts(file.get(), image, values, colors);
     return closeFile(file) && isWritten;
 }
 
@@ -91,42 +119,40 @@ bool startsWell(std::FILE* file) {
     return first != EOF && first != 0xFF && std::ungetc(first, file) != EOF;
 }
 
-/// Exactly size bytes; none when the file has fewer.
-std::optional<std::vector<Byte>> readStream(std::FILE* file, std::int32_t size) {
-    if (size < 0) return {};
-    std::vector<Byte> stream = readUpTo(file, static_cast<std::uint64_t>(size));
-    if (stream.size() != static_cast<std::size_t>(size)) return {};
-    return stream;
-}
-
-/// Decodes into a new grid, which the stream must fill exactly.
-bool decodeGrid(const std::vector<Byte>& stream, const Head& head, int type, cv::Mat& grid) {
+/// Decodes into a new grid, which a stream of so many bytes must fill exactly.
+bool decodeGrid(StreamBytes& stream, std::uint64_t size, const Head& head, int type,
+                cv::Mat& grid) {
     if (head.width < 1 || head.height < 1) return false;
     const auto pixelBytes = static_cast<std::size_t>(CV_ELEM_SIZE(type));
     const auto pixels =
         static_cast<std::size_t>(head.width) * static_cast<std::size_t>(head.height);
     // Nothing is allocated that the stream can't fill, and no product overflows.
-    if (pixels > stream.size() * kLzfMaxExpansion / pixelBytes) return false;
+    if (pixels > size * kLzfMaxExpansion / pixelBytes) return false;
     grid = cv::Mat(head.height, head.width, type);
-    const std::size_t size = pixels * pixelBytes;
-    const LzfResult result = lzfDecompress(stream.data(), stream.size(), grid.data, size);
-    return result.end == LzfEnd::Whole && result.produced == size;
+    preferHugePages(grid.data, pixels * pixelBytes);
+    return decodeExactly(stream, grid.data, pixels * pixelBytes);
 }
 
 /// An unknown type gives no values; its block is passed over.
 bool readValues(std::FILE* file, const Head& head, cv::Mat& values) {
-    const std::optional<std::vector<Byte>> stream = readStream(file, head.valueBytes);
-    if (!stream) return false;
-    return !isRangeValueType(head.type) || decodeGrid(*stream, head, head.type, values);
+    if (head.valueBytes < 0) return false;
+    const auto size = static_cast<std::uint64_t>(head.valueBytes);
+    StreamBytes stream(file, size);
+    if (!stream.has(size)) return false;
+    if (isRangeValueType(head.type)) return decodeGrid(stream, size, head, head.type, values);
+    do stream.consume(stream.size());
+    while (stream.more());
+    return true;
 }
 
 bool readColors(std::FILE* file, const Head& head, cv::Mat& colors) {
-    std::int32_t size = 0;
-    if (std::fread(&size, sizeof size, 1, file) != 1) return false;
-    if (size == 0) return true;
-    if (!isColorChannelCount(head.channels)) return false;
-    const std::optional<std::vector<Byte>> stream = readStream(file, size);
-    return stream && decodeGrid(*stream, head, CV_8UC(head.channels), colors);
+    std::int32_t bytes = 0;
+    if (std::fread(&bytes, sizeof bytes, 1, file) != 1) return false;
+    if (bytes == 0) return true;
+    if (bytes < 0 || !isColorChannelCount(head.channels)) return false;
+    const auto size = static_cast<std::uint64_t>(bytes);
+    StreamBytes stream(file, size);
+    return stream.has(size) && decodeGrid(stream, size, head, CV_8UC(head.channels), colors);
 }
 
 void storeCalibration(const Head& head, const RangeImageParts& image) {

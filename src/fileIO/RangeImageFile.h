@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
-#include <limits>
 
 namespace cv {
 class Mat;
@@ -29,11 +26,6 @@ struct RangeImageParts {
 /// double.
 constexpr bool isRangeValueType(int type) {
     return type >= 0 && type <= 6;
-}
-
-/// Whether a block's size is one that the file's signed size word can state.
-constexpr bool fitsRangeBlock(std::size_t size) {
-    return size <= std::numeric_limits<std::int32_t>::max();
 }
 
 /// Reads from the stream's position on. False leaves everything in image as it was; whoever shares

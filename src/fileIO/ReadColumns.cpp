@@ -1,14 +1,7 @@
 #include "fileIO/ReadColumns.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <opencv2/core.hpp>
 
-#include "Zyr3DIntArray.h"
-#include "ZyrVector3dArray.h"
-#include "fileIO/ByteCursor.h"
-#include "fileIO/ColorWords.h"
 #include "fileIO/File.h"
 
 namespace zyr {
@@ -23,31 +16,29 @@ bool addProduct(std::uint64_t a, std::uint64_t b, std::uint64_t& sum) {
     return !__builtin_mul_overflow(a, b, &product) && !__builtin_add_overflow(sum, product, &sum);
 }
 
-/// The column's values whose bytes are all there.
-std::uint64_t valuesPresent(const ReadColumn& column, std::uint64_t present) {
-    const std::uint64_t firstEnd = column.offset + static_cast<std::uint64_t>(column.size);
-    if (column.elements == 0 || present < firstEnd) return 0;
-    return std::min(column.elements, (present - firstEnd) / column.stride + 1);
-}
+/// A run is short enough that what is made of it stays in the nearest cache.
+constexpr std::size_t kMostInRun = 1024;
 
-template <class T>
-T valueAt(const ReadBody& body, const ReadColumn& column, std::uint64_t i) {
-    T value;
-    std::memcpy(&value, body.bytes.data() + column.offset + i * column.stride, sizeof(T));
-    return value;
-}
-
-template <class T>
-void readComponent(const ReadBody& body, const ReadColumn& column, bool keepNaN, std::size_t k,
-                   ZyrVector3dArray& vectors) {
-    // A list that shares the store may have given it another length.
-    const std::uint64_t present =
-        std::min(valuesPresent(column, body.present), static_cast<std::uint64_t>(vectors.Length()));
-    double* components = vectors.Data();
-    for (std::uint64_t i = 0; i < present; ++i) {
-        const auto value = static_cast<double>(valueAt<T>(body, column, i));
-        if (keepNaN || !std::isnan(value)) components[3 * i + k] = value;
+/// Takes a column off the body. False when the body ended before it.
+template <class Take>
+bool readColumn(LzfReader& body, const ReadColumn& column, Take take) {
+    const std::uint64_t mostBytes =
+        column.stride * std::min<std::uint64_t>(kMostInRun, column.elements);
+    const auto wanted =
+        static_cast<std::size_t>(std::min<std::uint64_t>(mostBytes, LzfReader::kMostPeeked));
+    for (std::uint64_t i = 0; i < column.elements;) {
+        const std::size_t waiting = body.peek(wanted);
+        // Of an element that does not wait as a whole, the value may.
+        const std::uint64_t count =
+            std::min({waiting / column.stride, column.elements - i, std::uint64_t(kMostInRun)});
+        const bool hasValue = count > 0 || waiting >= static_cast<std::size_t>(column.size);
+        if (!hasValue) return false;
+        const auto taken = static_cast<std::size_t>(std::max<std::uint64_t>(count, 1));
+        take(ReadRun{body.data(), column.stride, column.size, i, taken});
+        body.skip(taken * column.stride);
+        i += taken;
     }
+    return true;
 }
 
 bool isInGroup(std::int32_t first, std::int32_t columns, std::int32_t i) {
@@ -94,66 +85,44 @@ bool holdsWords(const ReadLayout& layout, std::int32_t column) {
 }
 
 Preamble readPreamble(std::FILE* file, std::size_t channelWords) {
-    const std::vector<Byte> bytes = readUpTo(file, (channelWords + 2) * sizeof(std::uint32_t));
-    ByteCursor cursor(bytes.data(), bytes.size());
+    std::array<std::uint32_t, 4> words;
+    const std::size_t number = channelWords + 2;
+    const std::size_t read = std::fread(words.data(), sizeof words[0], number, file);
     Preamble preamble;
-    std::uint32_t word;
-    for (std::size_t i = 0; i < channelWords; ++i)
-        if (cursor.take(word)) preamble.channels[i] = word;
+    for (std::size_t i = 0; i < std::min(read, channelWords); ++i) preamble.channels[i] = words[i];
     // The last word, the body's size, is not consulted: the columns tell it.
-    preamble.isCut = !cursor.take(preamble.streamSize) || !cursor.take(word);
+    preamble.isCut = read < number;
+    if (!preamble.isCut) preamble.streamSize = words[channelWords];
     return preamble;
 }
 
-std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
-                                 const Preamble& preamble, std::uint64_t elementBytes) {
-    const std::vector<Byte> stream =
-        preamble.isCut ? std::vector<Byte>() : readUpTo(file, preamble.streamSize);
-    const bool isCut = preamble.isCut || stream.size() < preamble.streamSize;
-    const std::uint64_t allocated = std::max(layout.bodySize, elementBytes);
-    if (!isBacked(allocated, layout.bodySize, stream.size() * kLzfMaxExpansion)) return {};
-    Buffer bytes(layout.bodySize);
-    const LzfResult result =
-        lzfDecompress(stream.data(), stream.size(), bytes.data(), bytes.size());
-    const bool isExact = result.end == LzfEnd::Whole && result.produced == layout.bodySize;
-    const bool isPart = result.end == LzfEnd::Whole || result.end == LzfEnd::Cut;
-    if (!(isCut ? isPart : isExact)) return {};
-    return ReadBody{std::move(bytes), result.produced};
+LzfReader openBody(std::FILE* file, const ReadLayout& layout, const Preamble& preamble) {
+    constexpr std::uint32_t kAny = 1;
+    return LzfReader(file, preamble.isCut ? kAny : preamble.streamSize, layout.bodySize);
 }
 
-void setOrigins(ZyrVector3dArray& vectors, int n) {
-    vectors.SetSize(n);
-    std::fill_n(vectors.Data(), static_cast<std::size_t>(n) * 3, 0.0);
+bool isBacked(LzfReader& body, const ReadLayout& layout, std::uint64_t elementBytes) {
+    return isAlwaysAllowed(std::max(layout.bodySize, elementBytes)) || body.isBacked();
 }
 
-void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t first, bool keepNaN,
-                 ZyrVector3dArray& vectors) {
-    for (std::size_t k = 0; k < 3; ++k) {
-        const ReadColumn& column = columnAt(layout, first + static_cast<std::int32_t>(k));
-        column.size == 8 ? readComponent<double>(body, column, keepNaN, k, vectors)
-                         : readComponent<float>(body, column, keepNaN, k, vectors);
+bool readColumns(LzfReader& body, const ReadLayout& layout,
+                 const std::vector<ColumnTaker>& takers) {
+    bool isThere = true;
+    for (std::size_t i = 0; i < layout.columns.size() && isThere; ++i) {
+        const ReadColumn& column = layout.columns[i];
+        const auto takes = [i](const ColumnTaker& taker) {
+            return static_cast<std::size_t>(taker.column) == i;
+        };
+        if (std::none_of(takers.begin(), takers.end(), takes)) {
+            body.skip(column.elements * column.stride);
+            continue;
+        }
+        isThere = readColumn(body, column, [&](const ReadRun& run) {
+            for (const ColumnTaker& taker : takers)
+                if (takes(taker)) taker.take(run);
+        });
     }
-}
-
-void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t first,
-                   Zyr3DIntArray& triangles) {
-    int* corners = triangles.Data();
-    for (std::size_t k = 0; k < 3; ++k) {
-        const ReadColumn& column = columnAt(layout, first + static_cast<std::int32_t>(k));
-        const std::uint64_t present = valuesPresent(column, body.present);
-        for (std::uint64_t i = 0; i < present; ++i)
-            corners[3 * i + k] = valueAt<int>(body, column, i);
-    }
-}
-
-void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
-                std::optional<std::uint32_t> channels, cv::Mat& colors) {
-    if (!channels) return;
-    const ReadColumn& words = columnAt(layout, column);
-    setBlack(colors, static_cast<int>(words.elements), static_cast<int>(*channels));
-    const std::uint64_t present = valuesPresent(words, body.present);
-    for (std::uint64_t i = 0; i < present; ++i)
-        unpackColor(valueAt<std::uint32_t>(body, words, i), colors, i);
+    return body.finish();
 }
 
 }  // namespace zyr

@@ -3,18 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <optional>
 #include <vector>
 
-#include "fileIO/Buffer.h"
+#include "fileIO/LzfReader.h"
 #include "fileIO/PcdHeader.h"
-
-class Zyr3DIntArray;
-class ZyrVector3dArray;
-
-namespace cv {
-class Mat;
-}
 
 /// The columns of a point-cloud or mesh file on its way in. A body's columns lie one after the
 /// other where the header's FIELDS, SIZE and COUNT lines put them, whatever of them is wanted.
@@ -55,38 +49,35 @@ bool holdsWords(const ReadLayout& layout, std::int32_t column);
 struct Preamble {
     std::array<std::optional<std::uint32_t>, 2> channels;
     std::uint32_t streamSize = 0;
-    bool isCut = false;
+    bool isCut = true;
 };
 
 Preamble readPreamble(std::FILE* file, std::size_t channelWords);
 
-/// A decoded body. Of a file that was cut short, the first values only.
-struct ReadBody {
-    Buffer bytes;
-    std::uint64_t present;  ///< bytes decoded
+/// The stream behind the preamble. Of a file without all of the preamble it is cut, and empty.
+LzfReader openBody(std::FILE* file, const ReadLayout& layout, const Preamble& preamble);
+
+/// Whether elements of this many bytes may be allocated for the body.
+bool isBacked(LzfReader& body, const ReadLayout& layout, std::uint64_t elementBytes);
+
+/// A run of a column's values: so many from element i on, the first at data, stride bytes apart.
+struct ReadRun {
+    const Byte* data;
+    std::size_t stride;
+    std::int32_t size;  ///< bytes of a value
+    std::size_t i;
+    std::size_t count;
 };
 
-/// Reads and decodes the stream behind the preamble. None when it is not a stream of exactly the
-/// layout's bytes, or when the file is too short to back so many. A file that ends early gives what
-/// it holds. elementBytes is what the caller will allocate for the values.
-std::optional<ReadBody> readBody(std::FILE* file, const ReadLayout& layout,
-                                 const Preamble& preamble, std::uint64_t elementBytes);
+/// Who takes a column's values. Many may take the same column.
+struct ColumnTaker {
+    std::int32_t column;
+    std::function<void(const ReadRun&)> take;
+};
 
-/// n vectors at the origin.
-void setOrigins(ZyrVector3dArray& vectors, int n);
-
-/// Stores the columns first, first + 1, first + 2 as x, y, z of as many vectors as there are; a
-/// value that is not in the body, or is NaN and NaN are not kept, leaves its component alone.
-void readVectors(const ReadBody& body, const ReadLayout& layout, std::int32_t first, bool keepNaN,
-                 ZyrVector3dArray& vectors);
-
-/// Stores the columns first, first + 1, first + 2 as the corners of triangles.
-void readTriangles(const ReadBody& body, const ReadLayout& layout, std::int32_t first,
-                   Zyr3DIntArray& triangles);
-
-/// Makes the matrix a row of black colours, and unpacks the column's words into it; a word that is
-/// not there leaves its colour black. Without a channel count the matrix is left alone.
-void readColors(const ReadBody& body, const ReadLayout& layout, std::int32_t column,
-                std::optional<std::uint32_t> channels, cv::Mat& colors);
+/// Hands the body's columns, as they are decoded, to those who take them. Of a file that ends early
+/// they get the values that are there. False when the stream is not one of exactly the layout's
+/// bytes.
+bool readColumns(LzfReader& body, const ReadLayout& layout, const std::vector<ColumnTaker>& takers);
 
 }  // namespace zyr

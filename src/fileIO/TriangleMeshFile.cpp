@@ -12,6 +12,7 @@
 #include "fileIO/File.h"
 #include "fileIO/PcdHeader.h"
 #include "fileIO/ReadColumns.h"
+#include "fileIO/ReadTargets.h"
 #include "fileIO/WrittenColumns.h"
 
 namespace zyr {
@@ -30,20 +31,17 @@ struct Mesh {
 
 // Writing
 
-/// The columns with the colour words that they point to.
+/// The columns with the channel counts of their colours.
 struct Body {
     WrittenColumns columns;
-    std::vector<std::uint32_t> vertexWords;
-    std::vector<std::uint32_t> triangleWords;
     std::uint32_t vertexChannels = kChannelsOfNoColors;
     std::uint32_t triangleChannels = kChannelsOfNoColors;
 };
 
 void addColors(WrittenColumns& columns, const char* name, const cv::Mat& colors,
-               std::vector<std::uint32_t>& words, std::uint32_t& channels) {
-    words = packColors(colors);
+               std::uint32_t& channels) {
     channels = static_cast<std::uint32_t>(colors.channels());
-    addWords(columns, name, words);
+    addColors(columns, name, colors);
 }
 
 void fillBody(Body& body, const Mesh& mesh, bool withNormals, bool withColors) {
@@ -53,14 +51,13 @@ void fillBody(Body& body, const Mesh& mesh, bool withNormals, bool withColors) {
     if (withNormals && mesh.vertexNormals.Length() == vertices)
         addVectors(body.columns, "nx", "ny", "nz", mesh.vertexNormals);
     if (withColors && hasColors(mesh.vertexColors, static_cast<std::size_t>(vertices)))
-        addColors(body.columns, "rgb", mesh.vertexColors, body.vertexWords, body.vertexChannels);
+        addColors(body.columns, "rgb", mesh.vertexColors, body.vertexChannels);
     addTriangles(body.columns, mesh.triangles);
     if (triangles < 1) return;
     if (withNormals && mesh.triangleNormals.Length() == triangles)
         addVectors(body.columns, "fnx", "fny", "fnz", mesh.triangleNormals);
     if (withColors && hasColors(mesh.triangleColors, static_cast<std::size_t>(triangles)))
-        addColors(body.columns, "frgb", mesh.triangleColors, body.triangleWords,
-                  body.triangleChannels);
+        addColors(body.columns, "frgb", mesh.triangleColors, body.triangleChannels);
 }
 
 std::string headerText(const WrittenColumns& columns, const Mesh& mesh) {
@@ -75,20 +72,9 @@ bool saveTriangleMesh(const Mesh& mesh, const char* path, bool withNormals, bool
     if (mesh.vertices.Length() < 1) return false;
     Body body;
     fillBody(body, mesh, withNormals, withColors);
-    if (!fitsSizeWords(body.columns)) return false;
-    const Buffer stream = compressBody(body.columns);
-    if (stream.size() > std::numeric_limits<std::uint32_t>::max()) return false;
-
-    File file = openFile(path, "wb");
-    if (file == nullptr) return false;
-    const std::string header = headerText(body.columns, mesh);
-    const std::array<std::uint32_t, 4> preamble = {
-        body.vertexChannels, body.triangleChannels, static_cast<std::uint32_t>(stream.size()),
-        static_cast<std::uint32_t>(bodySize(body.columns))};
-    const bool isWritten = writeAll(file.get(), header.data(), header.size()) &&
-                           writeAll(file.get(), preamble.data(), sizeof preamble) &&
-                           writeAll(file.get(), stream.data(), stream.size());
-    return closeFile(file) && isWritten;
+    return writeFile(path, headerText(body.columns, mesh),
+                     {body.vertexChannels, body.triangleChannels},
+                     body.columns) == FileWritten::whole;
 }
 
 // Reading
@@ -199,36 +185,50 @@ bool isUsable(const std::optional<std::uint32_t>& channels) {
     return !channels || isColorChannelCount(*channels);
 }
 
-void readLists(const ReadBody& body, const ReadLayout& layout, const PcdHeader& header,
+/// Vectors that are not wanted leave an empty list.
+void addWanted(VectorTargets& vectors, ZyrVector3dArray& array, bool areWanted, std::int32_t length,
+               std::int32_t first, std::vector<ColumnTaker>& takers) {
+    vectors.add(array, areWanted ? length : 0, areWanted ? first : -1, takers);
+}
+
+bool readLists(LzfReader& body, const ReadLayout& layout, const PcdHeader& header,
                const Wanted& wanted, const Preamble& preamble, const Mesh& mesh) {
-    constexpr bool kKeepNaN = true;
-    if (header.x >= 0) readVectors(body, layout, header.x, kKeepNaN, mesh.vertices);
-    if (header.fa >= 0) readTriangles(body, layout, header.fa, mesh.triangles);
-    if (wanted.vertexNormals) readVectors(body, layout, header.nx, kKeepNaN, mesh.vertexNormals);
-    if (wanted.triangleNormals)
-        readVectors(body, layout, header.fnx, kKeepNaN, mesh.triangleNormals);
-    if (wanted.vertexColors)
-        readColors(body, layout, header.rgb, preamble.channels[0], mesh.vertexColors);
-    if (wanted.triangleColors)
-        readColors(body, layout, header.frgb, preamble.channels[1], mesh.triangleColors);
+    std::vector<ColumnTaker> takers;
+    constexpr bool kKeepsNaN = true;
+    VectorTargets vectors(kKeepsNaN);
+    // The vertices come last: where lists share a store, its length is theirs.
+    addWanted(vectors, mesh.vertexNormals, wanted.vertexNormals, header.points, header.nx, takers);
+    addWanted(vectors, mesh.triangleNormals, wanted.triangleNormals, header.faces, header.fnx,
+              takers);
+    vectors.add(mesh.vertices, header.points, header.x, takers);
+    TriangleTarget triangles(header.faces);
+    if (header.fa >= 0) triangles.takeFrom(header.fa, takers);
+    ColorTarget vertexColors(wanted.vertexColors, header.points, preamble.channels[0]);
+    vertexColors.takeFrom(header.rgb, takers);
+    ColorTarget triangleColors(wanted.triangleColors, header.faces, preamble.channels[1]);
+    triangleColors.takeFrom(header.frgb, takers);
+
+    if (!readColumns(body, layout, takers)) return false;
+    vectors.publish();
+    triangles.publish(mesh.triangles);
+    vertexColors.publish(mesh.vertexColors);
+    triangleColors.publish(mesh.triangleColors);
+    return true;
 }
 
 bool loadBody(std::FILE* file, const PcdHeader& header, const Wanted& wanted, const Mesh& mesh) {
     const std::optional<ReadLayout> layout = readLayout(header, FieldsOf::pointsAndFaces);
     if (!layout || !canRead(*layout, header, wanted)) return false;
-    const std::uint64_t unbacked = unbackedBytes(header);
-    if (!isBacked(unbacked, unbacked, 0)) return false;
+    if (!isAlwaysAllowed(unbackedBytes(header))) return false;
     const Preamble preamble = readPreamble(file, 2);
     if (wanted.vertexColors && !isUsable(preamble.channels[0])) return false;
     if (wanted.triangleColors && !isUsable(preamble.channels[1])) return false;
     const std::uint64_t allocated =
         elementBytes(header, wanted, wanted.vertexColors ? preamble.channels[0].value_or(0) : 0,
                      wanted.triangleColors ? preamble.channels[1].value_or(0) : 0);
-    const std::optional<ReadBody> body = readBody(file, *layout, preamble, allocated);
-    if (!body) return false;
-    setSizes(header, wanted, mesh);
-    readLists(*body, *layout, header, wanted, preamble, mesh);
-    return true;
+    LzfReader body = openBody(file, *layout, preamble);
+    return isBacked(body, *layout, allocated) &&
+           readLists(body, *layout, header, wanted, preamble, mesh);
 }
 
 bool loadTriangleMesh(const char* path, const Mesh& mesh, bool withNormals, bool withColors) {

@@ -1,7 +1,6 @@
 #include "ZyrPointCloud.h"
 
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <opencv2/core.hpp>
 #include <string>
@@ -10,41 +9,32 @@
 #include "Zyr3DFileIO.h"
 #include "Zyr3DInner.h"
 #include "core/NarrowPath.h"
+#include "core/RawPoints.h"
+#include "core/StoreAccess.h"
 
 namespace {
 
-template <class T>
-void convert(const void* data, std::vector<double>& values) {
-    const auto* bytes = static_cast<const unsigned char*>(data);
-    for (double& value : values) {
-        T element;  // the buffer need not be aligned
-        std::memcpy(&element, bytes, sizeof element);
-        value = static_cast<double>(element);
-        bytes += sizeof element;
-    }
+/// n points of a depth that is not read: all at the origin.
+std::vector<ZyrVector3d> origins(std::size_t n, double invalidMark) {
+    std::vector<ZyrVector3d> points;
+    points.reserve(n);
+    points.assign(n, invalidMark == 0.0 ? ZyrVector3d() : ZyrVector3d(0, 0, 0));
+    return points;
 }
 
-std::vector<double> toDoubles(const void* data, int count, int depth) {
-    std::vector<double> values;
-    values.reserve(static_cast<std::size_t>(count));
-    values.resize(static_cast<std::size_t>(count));
+std::vector<ZyrVector3d> pointsOf(const void* data, std::size_t n, int depth, double invalidMark) {
     switch (depth) {
         case CV_8U:
-            convert<std::uint8_t>(data, values);
-            break;
+            return zyr::rawPoints<std::uint8_t>(data, n, invalidMark);
         case CV_16U:
-            convert<std::uint16_t>(data, values);
-            break;
+            return zyr::rawPoints<std::uint16_t>(data, n, invalidMark);
         case CV_32F:
-            convert<float>(data, values);
-            break;
+            return zyr::rawPoints<float>(data, n, invalidMark);
         case CV_64F:
-            convert<double>(data, values);
-            break;
+            return zyr::rawPoints<double>(data, n, invalidMark);
         default:
-            break;  // not read: all points at the origin
+            return origins(n, invalidMark);
     }
-    return values;
 }
 
 bool isPointCloudPath(const char* path) {
@@ -63,8 +53,8 @@ ZyrPointCloud::ZyrPointCloud(const ZyrVector3dArray& points, const ZyrColorArray
 
 ZyrPointCloud::ZyrPointCloud(void* data, int count, int depth, double invalidMark) {
     if (data == nullptr) return;
-    const int used = count / 3 * 3;
-    points_ = ZyrVector3dArray(toDoubles(data, used, depth).data(), used, invalidMark);
+    zyr::StoreAccess::elements(points_) =
+        pointsOf(data, static_cast<std::size_t>(count / 3), depth, invalidMark);
 }
 
 ZyrPointCloud::ZyrPointCloud(const ZyrPointCloud& other) = default;

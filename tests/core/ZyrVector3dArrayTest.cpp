@@ -122,3 +122,20 @@ TEST(ZyrVector3dArray, SetSizeGrowsByInvalidVectors) {
     EXPECT_EQ(array.NumValidPoints(), 0);
     EXPECT_EQ(values(array), Values(12, kInvalid));
 }
+
+TEST(ZyrVector3dArray, OneInvalidVectorIsNotCountedWhereverItIs) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (std::size_t n = 1; n <= 9; ++n)
+        for (std::size_t at = 0; at < 3 * n; ++at) {
+            Values buffer(3 * n, 1);
+            const auto count = [&](double value) {
+                buffer[at] = value;
+                return ZyrVector3dArray(buffer.data(), static_cast<int>(3 * n), -1)
+                    .NumValidPoints();
+            };
+            const int all = static_cast<int>(n);
+            for (const double value : {kInvalid, infinity, kNaN})
+                EXPECT_EQ(count(value), all - 1) << n << ", " << at;
+            EXPECT_EQ(count(-infinity), all) << n << ", " << at;
+        }
+}

@@ -101,6 +101,13 @@ TEST(LZF, StreamsReadAsTheFormatIsWorded) {
         EXPECT_EQ(test::plainDecode(lzfCompressed(data), data.size()), data) << name;
 }
 
+TEST(LZF, CompressesAsItsTextWordsIt) {
+    for (const auto& [name, data] : test::madeData())
+        EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << name;
+    for (const auto& [name, data] : test::measuredData())
+        EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << name;
+}
+
 TEST(LZF, ChunksKeepToTheParameters) {
     for (const auto& [name, data] : test::madeData())
         for (const test::Chunk& chunk : test::chunksOf(lzfCompressed(data))) {

@@ -134,3 +134,22 @@ TEST(PcdHeader, DataLineThatTheFileEndsInIsNotRun) {
     EXPECT_FALSE(readHeader("DATA ascii ").isRead);
     EXPECT_FALSE(readHeader("DATA ascii and").isRead);
 }
+
+TEST(PcdHeader, MayTakeAMebibyte) {
+    const std::string data = "\nDATA ascii\n";
+    const std::string comment = "#" + std::string((1 << 20) - 1 - data.size(), 'c');
+    EXPECT_TRUE(readHeader(comment + data).isRead);
+    EXPECT_FALSE(readHeader(comment + "c" + data).isRead);
+}
+
+TEST(PcdHeader, OfADeviceThatNeverEndsIsRefused) {
+    const zyr::File zeros = zyr::openFile("/dev/zero", "rb");
+    if (zeros == nullptr) GTEST_SKIP() << "no /dev/zero";
+    zyr::PcdHeader header;
+    EXPECT_FALSE(zyr::pcdReadHeader(zeros.get(), header));
+}
+
+TEST(PcdHeader, EndlessLineIsRefused) {
+    EXPECT_FALSE(readHeader("#" + std::string(3 << 20, 'c')).isRead);
+    EXPECT_FALSE(readHeader(std::string(3 << 20, '\r')).isRead);
+}

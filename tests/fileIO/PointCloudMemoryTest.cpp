@@ -47,20 +47,3 @@ TEST(PointCloudMemory, LoadingWithoutEnoughGivesFalseForEveryKindOfBody) {
         EXPECT_EXIT(load(), testing::ExitedWithCode(0), "") << kind;
     }
 }
-
-TEST(PointCloudMemory, SavingWithoutEnoughGivesFalseAndCreatesNoFile) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
-    const test::TempFolder folder;
-    const std::string path = folder.path("a.zpt");
-    ZyrVector3dArray points, normals;
-    points.SetSize(kPoints);
-    cv::Mat colors;
-    const auto save = [&] {
-        limitMemory();
-        std::exit(Zyr3DFileIO::SavePointCloud(points, normals, colors, path.c_str(), false, false)
-                      ? 1
-                      : 0);
-    };
-    EXPECT_EXIT(save(), testing::ExitedWithCode(0), "");
-    EXPECT_FALSE(test::fileExists(path));
-}

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CloudFile.h"
 #include "support/PcdText.h"
-#include "support/ZyrValues.h"
 
 namespace {
 
@@ -45,18 +43,4 @@ TEST(ReadColumns, SizesBeyond64BitsGiveNone) {
     const auto sum =
         header("FIELDS x y z a b\nSIZE " + eight + "\nCOUNT " + eight + "\nPOINTS 4\n");
     EXPECT_FALSE(zyr::readLayout(sum, zyr::FieldsOf::points).has_value());
-}
-
-TEST(ReadColumns, NaNIsKeptWhereAskedFor) {
-    const auto layout = zyr::readLayout(header("FIELDS x y z\nSIZE 8 8 8\nCOUNT 1 1 1\nPOINTS 1\n"),
-                                        zyr::FieldsOf::points);
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const test::Bytes bytes = test::bytesOf<double>({nan, 2, nan});
-    zyr::ReadBody body{zyr::Buffer(24), 24};
-    std::copy(bytes.begin(), bytes.end(), body.bytes.data());
-    ZyrVector3dArray kept = test::vectors({7, 8, 9}), left = kept.DeepCopy();
-    zyr::readVectors(body, *layout, 0, true, kept);
-    zyr::readVectors(body, *layout, 0, false, left);
-    EXPECT_TRUE(kept[0].x != kept[0].x && kept[0].z != kept[0].z);
-    EXPECT_EQ(test::values(left), (std::vector<double>{7, 2, 9}));
 }

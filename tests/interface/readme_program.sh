@@ -1,12 +1,15 @@
 #!/bin/sh
-# Passes when the first program of a README compiles against the library and runs.
-# usage: readme_program.sh README LIBRARY COMPILER [compiler options]
+# Passes when the first program of a README compiles against the library and runs on a cloud.
+# usage: readme_program.sh README CLOUD LIBRARY COMPILER [compiler options]
 set -eu
-readme=$1 library=$2
-shift 2
+readme=$1 cloud=$2 library=$3
+shift 3
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 sed -n '/^```cpp$/,/^```$/{/^```$/q;/^```/d;p}' "$readme" >"$folder/first.cpp"
 cd "$folder"
 "$@" first.cpp "$library" -Wl,-rpath,"$(dirname "$library")" -o first
+mkdir zyr3d-demo
+cp "$cloud" zyr3d-demo/demo.zpt
 ./first
+[ -s low.zpt ]

@@ -174,3 +174,22 @@ TEST(CloudBuffer, IsNotShared) {
     data[0] = 5;
     EXPECT_EQ(values(cloud.Point(0)), kInvalidVector);
 }
+
+TEST(CloudBuffer, MarkIsFoundInAnyPlaceOfAnyNumberOfPoints) {
+    for (std::size_t n = 1; n <= 7; ++n)
+        for (std::size_t marked = 0; marked < 3 * n; ++marked) {
+            std::vector<float> buffer(3 * n, 2);
+            buffer[marked] = 0;
+            Values expected(3 * n, 2);
+            for (std::size_t k = 0; k < 3; ++k) expected[marked / 3 * 3 + k] = kInvalid;
+            EXPECT_EQ(points(fromBuffer(buffer, 5, 0.0)), expected) << n << ", " << marked;
+        }
+}
+
+TEST(CloudBuffer, LongBufferIsReadWhole) {
+    std::vector<std::uint16_t> buffer(3 * 100003);
+    Values expected(buffer.size());
+    for (std::size_t i = 0; i < buffer.size(); ++i)
+        expected[i] = buffer[i] = static_cast<std::uint16_t>(i % 65000 + 1);
+    EXPECT_TRUE(points(fromBuffer(buffer, 2, 0.0)) == expected);
+}

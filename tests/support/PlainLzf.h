@@ -55,6 +55,51 @@ inline Bytes plainDecode(const Bytes& stream, std::size_t outLen) {
     return plainDecode(stream, stream.size(), outLen).bytes;
 }
 
+/// Encodes as LZF.h words its compressor: a table of 16384 last positions, zero at first.
+inline Bytes plainEncode(const Bytes& in) {
+    std::vector<std::size_t> last(16384, 0);
+    const auto exchange = [&](std::size_t i) {
+        const unsigned h = static_cast<unsigned>(in[i] << 16 | in[i + 1] << 8 | in[i + 2]);
+        const std::size_t before = last[(((h ^ (h << 5)) >> 10) - h * 5) & 16383];
+        last[(((h ^ (h << 5)) >> 10) - h * 5) & 16383] = i;
+        return before;
+    };
+    Bytes out;
+    Bytes pending;
+    const auto flush = [&] {
+        for (std::size_t i = 0; i < pending.size(); ++i) {
+            if (i % 32 == 0)
+                out.push_back(
+                    static_cast<unsigned char>(std::min<std::size_t>(32, pending.size() - i) - 1));
+            out.push_back(pending[i]);
+        }
+        pending.clear();
+    };
+    std::size_t i = 0;
+    while (i + 4 <= in.size()) {
+        const std::size_t before = exchange(i);
+        std::size_t length = 0;
+        if (before < i && i - before <= 8192)
+            while (length < 264 && i + length < in.size() && in[before + length] == in[i + length])
+                ++length;
+        if (length < 3) {
+            pending.push_back(in[i++]);
+            continue;
+        }
+        flush();
+        const std::size_t offset = i - before - 1;
+        const std::size_t code = std::min<std::size_t>(length - 2, 7);
+        out.push_back(static_cast<unsigned char>(code << 5 | offset >> 8));
+        if (code == 7) out.push_back(static_cast<unsigned char>(length - 9));
+        out.push_back(static_cast<unsigned char>(offset & 255));
+        i += length;
+        for (std::size_t p = i - 2; p < i && p + 3 <= in.size(); ++p) exchange(p);
+    }
+    pending.insert(pending.end(), in.begin() + static_cast<std::ptrdiff_t>(i), in.end());
+    flush();
+    return out;
+}
+
 /// The bytes as literal runs of up to 32: the plainest stream, and the longest of a sane encoder.
 inline Bytes literalStream(const Bytes& bytes) {
     Bytes stream;

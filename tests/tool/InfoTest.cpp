@@ -45,7 +45,7 @@ TEST_F(InfoCommand, TellsPointsAndBounds) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(row(result, "points"), "3");
-    EXPECT_EQ(row(result, "valid points"), "2");
+    EXPECT_EQ(row(result, "valid points"), "2 (66.6 %)");
     EXPECT_EQ(row(result, "x"), "1 to 4.5");
     EXPECT_EQ(row(result, "y"), "-2 to 5");
     EXPECT_EQ(row(result, "z"), "-6.25 to 3");
@@ -58,7 +58,8 @@ TEST_F(InfoCommand, TellsFieldsAndBytes) {
     EXPECT_EQ(row(result, "normals"), "yes");
     EXPECT_EQ(row(result, "body"), "binary_compressed");
     EXPECT_EQ(row(result, "bytes raw"), "156");
-    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readText(path("in.zpt")).size()));
+    EXPECT_EQ(row(result, "bytes on disk").substr(0, 4),
+              std::to_string(test::readText(path("in.zpt")).size()) + " ");
 }
 
 TEST_F(InfoCommand, TellsTheChannelsOfColours) {
@@ -151,11 +152,11 @@ TEST_F(InfoCommand, ContradictionsAreFileTrouble) {
 TEST_F(InfoCommand, WhatIsNoCloudFileIsFileTrouble) {
     std::filesystem::create_directory(path("folder.zpt"));
     ASSERT_EQ(mkfifo(path("pipe.zpt").c_str(), 0600), 0);
-    test::writeText(path("in.txt"), header() + kBody);
+    test::writeText(path("in.other"), header() + kBody);
     expectTrouble(run("info none.zpt"), 3, "none.zpt: no such file");
     expectTrouble(run("info folder.zpt"), 3, "folder.zpt: not a regular file");
     expectTrouble(run("info pipe.zpt"), 3, "pipe.zpt: not a regular file");
-    expectTrouble(run("info in.txt"), 3, "in.txt: not a .zpt file");
+    expectTrouble(run("info in.other"), 3, "in.other: not a .zpt file");
 }
 
 TEST_F(InfoCommand, NoMutationOfAFileStopsTheProgram) {

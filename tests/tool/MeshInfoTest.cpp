@@ -45,9 +45,9 @@ TEST_F(MeshInfo, TellsVerticesAndTriangles) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(row(result, "vertices"), "4");
-    EXPECT_EQ(row(result, "valid vertices"), "3");
+    EXPECT_EQ(row(result, "valid vertices"), "3 (75.0 %)");
     EXPECT_EQ(row(result, "triangles"), "2");
-    EXPECT_EQ(row(result, "valid triangles"), "1");
+    EXPECT_EQ(row(result, "valid triangles"), "1 (50.0 %)");
     EXPECT_EQ(row(result, "z"), "-5 to 5");
 }
 
@@ -61,7 +61,8 @@ TEST_F(MeshInfo, TellsListsChannelsAndBytes) {
     EXPECT_EQ(row(result, "triangle colours"), "4 channels");
     EXPECT_EQ(row(result, "body"), "binary_compressed");
     EXPECT_EQ(row(result, "bytes raw"), "288");  // 4 * 52 + 2 * 40
-    EXPECT_EQ(row(result, "bytes on disk"), std::to_string(test::readText(path("in.ztmt")).size()));
+    EXPECT_EQ(row(result, "bytes on disk").substr(0, 4),
+              std::to_string(test::readText(path("in.ztmt")).size()) + " ");
 }
 
 TEST_F(MeshInfo, TellsWhichListsAreMissing) {

@@ -32,7 +32,7 @@ TEST_F(RangeInfo, TellsCalibrationColoursAndBytes) {
     EXPECT_EQ(row(result, "offset x, y, z"), "-1.5, 2.5, 100.125");
     EXPECT_EQ(row(result, "colours"), "3 channels");
     EXPECT_EQ(row(result, "bytes raw"), "30");  // 6 values, 6 colours
-    EXPECT_EQ(row(result, "bytes on disk"), "108");
+    EXPECT_EQ(row(result, "bytes on disk"), "108 (360.0 %)");
 }
 
 TEST_F(RangeInfo, NamesEachType) {

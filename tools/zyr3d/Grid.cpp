@@ -60,6 +60,9 @@ Grid::Grid(ZyrPointCloud& cloud, int columns, int rows)
     reach_ = kSteepest * medianPitch(*this);
 }
 
+Grid::Grid(ZyrPointCloud& cloud, int columns, int rows, double reach)
+    : points_(cloud.PointData()), columns_(columns), rows_(rows), reach_(reach) {}
+
 ZyrVector3d* Grid::point(int column, int row) const {
     if (column < 0 || row < 0 || column >= columns_ || row >= rows_) return nullptr;
     ZyrVector3d& p = points_[index(column, row)];

@@ -8,6 +8,7 @@ namespace zyr {
 class Grid {
 public:
     Grid(ZyrPointCloud& cloud, int columns, int rows);
+    Grid(ZyrPointCloud& cloud, int columns, int rows, double reach);
 
     int columns() const { return columns_; }
     int rows() const { return rows_; }

@@ -38,6 +38,10 @@ std::string grouped(std::uint64_t value) {
     return text;
 }
 
+std::string counted(std::uint64_t count, const std::string& one, const std::string& many) {
+    return grouped(count) + " " + (count == 1 ? one : many);
+}
+
 std::string decimal(double value, int decimals) {
     std::ostringstream text;
     text << std::fixed << std::setprecision(decimals) << value;

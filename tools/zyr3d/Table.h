@@ -28,6 +28,8 @@ private:
 
 /// 1234567 as "1,234,567".
 std::string grouped(std::uint64_t value);
+/// "1 hole", "1,234 holes".
+std::string counted(std::uint64_t count, const std::string& one, const std::string& many);
 /// With so many decimals, whatever the locale.
 std::string decimal(double value, int decimals);
 /// Six significant digits.

@@ -22,8 +22,7 @@
 #include "files/CloudFile.h"
 #include "files/ImageFile.h"
 #include "files/QuietCodecs.h"
-#include "picture/Picture.h"
-#include "picture/View.h"
+#include "render/Drawing.h"
 
 namespace zyr {
 namespace {
@@ -70,15 +69,20 @@ std::string sizeText(const Frame& frame) {
            " pixels";
 }
 
+/// The frame seen from above: shaded heights, and its colours or normals.
 void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& path) {
-    const View view = frame.isOrganised()
-                          ? viewGrid(cloud, frame.coordinates.cols, frame.coordinates.rows)
-                          : viewOrthographic(cloud);
-    const std::string name = std::filesystem::path(frame.name).filename().string();
-    const std::string facts = sizeText(frame) + ", " +
-                              grouped(static_cast<std::uint64_t>(cloud.NumValidPoints())) +
-                              " valid";
-    writeImage(path, drawPicture(view, name, facts, frame.unit));
+    const Subject subject = subjectOf(cloud, frame.isOrganised() ? frame.coordinates.cols : 0);
+    Look look;
+    look.size = {800, 600};
+    look.background = {33, 28, 25};
+    look.title = std::filesystem::path(frame.name).filename().string();
+    look.color = ColorBy::Height;
+    const cv::Mat heights = drawPicture(subject, look);
+    look.color = frame.colors.empty() ? ColorBy::Normal : ColorBy::Rgb;
+    look.title = frame.colors.empty() ? "normals" : "colours";
+    cv::Mat picture;
+    cv::hconcat(heights, drawPicture(subject, look), picture);
+    writeImage(path, picture);
 }
 
 /// The files that a run writes.

@@ -1,56 +1,51 @@
 #include "info.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <array>
-#include <iostream>
 
+#include "Answer.h"
+#include "Batch.h"
 #include "Outcome.h"
-#include "Zyr3DInner.h"
+#include "files/FileKind.h"
 #include "info/Description.h"
 
 namespace zyr {
 namespace {
 
-/// What the program reads by a suffix. Where the library takes any letter case, so do we.
-struct Kind {
-    const char* suffix;
-    bool isAnyCase;
-    Description (*describe)(const std::string& path);
-};
-
-constexpr std::array<Kind, 11> kKinds = {{{"zpt", false, describeCloudFile},
-                                          {"ZPT", false, describeCloudFile},
-                                          {"ztmt", false, describeMeshFile},
-                                          {"ZTMT", false, describeMeshFile},
-                                          {"zrt", true, describeRangeFile},
-                                          {"png", true, describePictureFile},
-                                          {"jpg", true, describePictureFile},
-                                          {"jpeg", true, describePictureFile},
-                                          {"bmp", true, describePictureFile},
-                                          {"tif", true, describePictureFile},
-                                          {"tiff", true, describePictureFile}}};
-
 Description describe(const std::string& path) {
-    const std::string suffix = Zyr3DInner::getSuffix(path.c_str());
-    const std::string lower = CLI::detail::to_lower(suffix);
-    for (const Kind& kind : kKinds)
-        if (kind.suffix == (kind.isAnyCase ? lower : suffix)) return kind.describe(path);
-    throw FileTrouble(path + ": not a .zpt file by its suffix, nor any other that info reads");
+    switch (fileKind(path)) {
+        case FileKind::Cloud:
+            return describeCloudFile(path);
+        case FileKind::Mesh:
+            return describeMeshFile(path);
+        case FileKind::Range:
+            return describeRangeFile(path);
+        case FileKind::Picture:
+            return describePictureFile(path);
+        case FileKind::Foreign:
+            return describeForeignFile(path);
+    }
+    throw FileTrouble(path + ": not of a kind that is known");
 }
 
-int showFile(const std::string& path) try {
-    const Description description = describe(path);
-    std::cout << path << "\n";
-    description.table.print(std::cout);
-    if (description.shortage.empty()) return kGood;
-    std::cout.flush();
-    std::cerr << "zyr3d: " << path << ": " << description.shortage << "\n";
+struct InfoOptions {
+    std::vector<std::string> files;
+    bool isJson = false;
+    Batch batch;
+};
+
+int showFile(const std::string& path, bool isJson, Output& output) {
+    Description description = describe(path);
+    const std::string& shortage = description.shortage;
+    if (isJson) {
+        if (!shortage.empty()) description.facts.word("shortage", shortage);
+        description.facts.printJson(output.out, path);
+    } else {
+        output.out << printable(path) << "\n";
+        description.facts.printTable(output.out);
+    }
+    if (shortage.empty()) return kGood;
+    output.complain(path + ": " + shortage);
     return kDifference;
-} catch (const FileTrouble& trouble) {
-    std::cout.flush();
-    std::cerr << "zyr3d: " << trouble.what() << "\n";
-    return kFileTrouble;
 }
 
 }  // namespace
@@ -58,12 +53,19 @@ int showFile(const std::string& path) try {
 void addInfo(CLI::App& app, int& outcome) {
     auto* command = app.add_subcommand(
         "info",
-        "Tells what point clouds (.zpt), meshes (.ztmt), range images (.zrt) and "
-        "PNG, JPEG, BMP and TIFF pictures hold");
-    auto files = std::make_shared<std::vector<std::string>>();
-    command->add_option("FILE", *files, "Files to look at")->required();
-    command->callback([files, &outcome] {
-        for (const std::string& path : *files) outcome = std::max(outcome, showFile(path));
+        "Tells what point clouds (.zpt), meshes (.ztmt), range images (.zrt), pictures (PNG, JPEG, "
+        "BMP, TIFF) and PLY, STL, OBJ, PCD, XYZ, CSV and NPY files hold");
+    auto options = std::make_shared<InfoOptions>();
+    command->add_option("FILE", options->files, "Files to look at")->required();
+    command->add_flag("--json", options->isJson, "A JSON object a file, one a line");
+    options->batch.addOption(*command);
+    command->callback([options, &outcome] {
+        const auto& files = options->files;
+        const bool isJson = options->isJson;
+        outcome = options->batch.run(files, [&](std::size_t i, Output& output) {
+            return withJsonError(isJson, files[i], output,
+                                 [&] { return showFile(files[i], isJson, output); });
+        });
     });
 }
 

@@ -1,16 +1,23 @@
 #include <CLI/CLI.hpp>
 #include <exception>
-#include <iostream>
 #include <new>
+#include <sstream>
+#include <string>
 
+#include "Console.h"
 #include "Outcome.h"
+#include "check.h"
+#include "convert.h"
 #include "demo.h"
+#include "diff.h"
 #include "info.h"
+#include "render.h"
 
+namespace zyr {
 namespace {
 
-int fail(int outcome, const char* what) {
-    std::cerr << "zyr3d: " << what << "\n";
+int fail(int outcome, const std::string& what) {
+    printError("zyr3d: " + what + "\n");
     return outcome;
 }
 
@@ -18,26 +25,39 @@ int run(int argc, char** argv) {
     CLI::App app("Looks at 3D measurement data through libZyr3DData.", "zyr3d");
     app.set_version_flag("--version", "zyr3d " ZYR_VERSION);
     app.require_subcommand(1);
-    app.footer("Exit codes: 0 good, 1 difference found, 2 usage, 3 file trouble.");
-    int outcome = zyr::kGood;
-    zyr::addDemo(app, outcome);
-    zyr::addInfo(app, outcome);
+    app.footer("Exit codes: 0 good, 1 difference or invalid, 2 usage, 3 file trouble.");
+    int outcome = kGood;
+    addDemo(app, outcome);
+    addInfo(app, outcome);
+    addCheck(app, outcome);
+    addDiff(app, outcome);
+    addConvert(app, outcome);
+    addRender(app, outcome);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& help) {
-        return app.exit(help);
+        std::ostringstream text;
+        outcome = app.exit(help, text, text);
+        printOut(text.str());
     } catch (const CLI::ParseError& error) {
-        return fail(zyr::kUsage, error.what());
+        return fail(kUsage, error.what());
     }
+    flushOut();
     return outcome;
 }
 
 }  // namespace
+}  // namespace zyr
 
-int main(int argc, char** argv) try { return run(argc, argv); } catch (const std::bad_alloc&) {
-    return fail(zyr::kFileTrouble, "out of memory");
+int main(int argc, char** argv) try {
+    zyr::prepareStandardStreams();
+    return zyr::run(argc, argv);
+} catch (const zyr::ReaderGone&) {
+    return zyr::kFileTrouble;
+} catch (const std::bad_alloc&) {
+    return zyr::fail(zyr::kFileTrouble, "out of memory");
 } catch (const std::exception& error) {
-    return fail(zyr::kFileTrouble, error.what());
+    return zyr::fail(zyr::kFileTrouble, error.what());
 } catch (...) {
-    return fail(zyr::kFileTrouble, "unknown trouble");
+    return zyr::fail(zyr::kFileTrouble, "unknown trouble");
 }

@@ -2,6 +2,7 @@
 
 #include "Outcome.h"
 #include "Zyr3DInner.h"
+#include "check/Check.h"
 
 namespace zyr {
 
@@ -13,8 +14,7 @@ bool isCloudPath(const std::string& path) {
 CloudFile loadCloudFile(const std::string& path) {
     if (!isCloudPath(path)) throw FileTrouble(path + ": not a .zpt file by its suffix");
     CloudFile file{scanCloudFile(path), {}};
-    if (!file.cloud.Load(path.c_str(), true, true))
-        throw FileTrouble(path + ": refused: its header is incomplete or its body does not fit it");
+    if (!file.cloud.Load(path.c_str(), true, true)) explainRefusal(path);
     return file;
 }
 

@@ -1,10 +1,7 @@
 #include "files/HeaderScan.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
-#include <fstream>
 #include <limits>
 
 #include "Outcome.h"
@@ -19,25 +16,17 @@ constexpr std::size_t kMaxHeader = 1 << 16;
 constexpr std::size_t kMaxWord = 32;
 constexpr std::size_t kMaxWords = 61;
 
-std::string firstBytes(const std::string& path) {
-    requireRegularFile(path);
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw FileTrouble(path + ": " + std::strerror(errno));
-    std::string bytes(kMaxHeader, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
-}
-
 /// Takes a header apart line by line, with the limits that the library's reader has.
 class Scanner {
 public:
-    explicit Scanner(const std::string& path) : path_(path), bytes_(firstBytes(path)) {}
+    explicit Scanner(const std::string& path) : path_(path), bytes_(readStart(path, kMaxHeader)) {}
 
     CloudHeader scan() {
         Words words;
         while (header_.body.empty()) {
-            if (!nextLine(words)) fail("no usable DATA line");
+            if (!nextLine(words)) failAtEnd();
+            if (words.size() > 1 || !words[0].empty())
+                header_.lines.push_back({words, start_, line_});
             take(words);
         }
         header_.bodyStart = at_;
@@ -46,18 +35,22 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& why) const {
-        throw FileTrouble(path_ + ": line " + std::to_string(line_) + ": " + why);
+    [[noreturn]] void fail(const std::string& why) const { throw Fault(path_, start_, line_, why); }
+
+    [[noreturn]] void failAtEnd() {
+        start_ = at_;
+        fail("no usable DATA line");
     }
 
     /// False when the bytes end before the line does. Lines end with a line feed or a zero byte;
     /// carriage returns don't count, and a '#' at the start makes a comment.
     bool nextLine(Words& words) {
         ++line_;
+        start_ = at_;
         words.assign(1, "");
         bool isComment = false;
         for (; at_ < bytes_.size(); ++at_) {
-            const char c = bytes_[at_];
+            const char c = static_cast<char>(bytes_[at_]);
             if (c == '\n' || c == '\0') {
                 ++at_;
                 return true;
@@ -88,7 +81,7 @@ private:
         if (keyword == "WIDTH") header_.width = number(words, 1);
         if (keyword == "HEIGHT") header_.height = number(words, 1);
         if (keyword == "POINTS") header_.points = number(words, 1);
-        if (keyword == "FACES") number(words, 1);
+        if (keyword == "FACES") header_.faces = number(words, 1);
         if (keyword == "DATA" && words.size() > 1 && isBodyKind(words[1])) header_.body = words[1];
     }
 
@@ -119,8 +112,8 @@ private:
     }
 
     const std::string& path_;
-    std::string bytes_;
-    std::size_t at_ = 0;
+    std::vector<unsigned char> bytes_;
+    std::size_t at_ = 0, start_ = 0;  ///< start_ is the line's
     int line_ = 0;
     CloudHeader header_;
 };

@@ -6,14 +6,21 @@
 
 namespace zyr {
 
+struct HeaderLine {
+    std::vector<std::string> words;
+    std::uint64_t offset;  ///< of its first byte in the file
+    int number;            ///< from 1
+};
+
 /// What the text header of a point-cloud or mesh file says.
 struct CloudHeader {
     std::vector<std::string> fields;
     std::vector<std::int64_t> sizes;   ///< bytes a value, one for each field
     std::vector<std::int64_t> counts;  ///< values an element; a missing word counts as 0
-    std::int64_t width = 0, height = 0, points = 0;
-    std::string body;             ///< "ascii", "binary" or "binary_compressed"
-    std::uint64_t bodyStart = 0;  ///< offset of the first byte after the header
+    std::int64_t width = 0, height = 0, points = 0, faces = 0;
+    std::string body;               ///< "ascii", "binary" or "binary_compressed"
+    std::uint64_t bodyStart = 0;    ///< offset of the first byte after the header
+    std::vector<HeaderLine> lines;  ///< all but comments and empty ones; the last is the DATA line
 
     bool hasField(const char* name) const;
     /// Bytes of one point as the header declares them.
@@ -22,7 +29,7 @@ struct CloudHeader {
 
 /// Reads the header of a regular file that may hold anything. The library's reader stops the
 /// process on some malformed headers, so whoever takes files from people scans them first.
-/// Throws FileTrouble that names the file and the line.
+/// Throws FileTrouble, or a Fault that names the line.
 CloudHeader scanHeader(const std::string& path);
 
 }  // namespace zyr

@@ -1,8 +1,6 @@
 #include "files/ImageFile.h"
 
 #include <cstdint>
-#include <fstream>
-#include <iterator>
 #include <opencv2/imgcodecs.hpp>
 #include <vector>
 
@@ -12,12 +10,6 @@
 
 namespace zyr {
 namespace {
-
-std::vector<unsigned char> readBytes(const std::string& path) {
-    requireRegularFile(path);
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Width times height of a PNG by its header; 0 for other files.
 std::uint64_t pixelsOfPng(const std::vector<unsigned char>& bytes) {
@@ -51,20 +43,19 @@ bool encode(const std::string& path, const cv::Mat& image) try {
 }  // namespace
 
 cv::Mat readImage(const std::string& path) {
-    const std::vector<unsigned char> bytes = readBytes(path);
+    const std::vector<unsigned char> bytes = readWhole(path);
     checkPixels(path, pixelsOfPng(bytes));
     cv::Mat image = decode(bytes);
-    if (image.empty()) throw FileTrouble(path + ": not a picture that can be read");
+    if (image.empty()) throw Fault(path, "not a picture that can be read");
     checkPixels(path, image.total());
     return image;
 }
 
 ZyrRangeImage readPictureValues(const std::string& path) {
-    checkPixels(path, pixelsOfPng(readBytes(path)));
+    checkPixels(path, pixelsOfPng(readWhole(path)));
     const QuietCodecs quiet;
     ZyrRangeImage image;
-    if (!image.Load(path.c_str(), 1.0, 0.0))
-        throw FileTrouble(path + ": not a picture that can be read");
+    if (!image.Load(path.c_str(), 1.0, 0.0)) throw Fault(path, "not a picture that can be read");
     return image;
 }
 

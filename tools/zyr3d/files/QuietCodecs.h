@@ -1,9 +1,11 @@
 #pragma once
 
+#include <string>
+
 namespace zyr {
 
-/// While it lives, the picture codecs print no notes of their own about broken pictures; we report
-/// in one line ourselves.
+/// While any of them lives, the picture codecs print no notes of their own about broken pictures;
+/// we report in one line ourselves. Threads may have their own at once.
 class QuietCodecs {
 public:
     QuietCodecs();
@@ -11,8 +13,8 @@ public:
     QuietCodecs(const QuietCodecs&) = delete;
     QuietCodecs& operator=(const QuietCodecs&) = delete;
 
-private:
-    int saved_;
+    /// Writes to standard error all the same.
+    static void writePast(const std::string& text);
 };
 
 }  // namespace zyr

@@ -1,6 +1,12 @@
 #include "files/RegularFile.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
+#include <limits>
+#include <memory>
 
 #include "Outcome.h"
 
@@ -8,15 +14,32 @@ namespace zyr {
 
 void requireRegularFile(const std::string& path) {
     std::error_code error;
-    if (!std::filesystem::exists(path, error)) throw FileTrouble(path + ": no such file");
-    if (!std::filesystem::is_regular_file(path, error))
-        throw FileTrouble(path + ": not a regular file");
+    const auto status = std::filesystem::status(path, error);
+    if (status.type() == std::filesystem::file_type::not_found)
+        throw FileTrouble(path + ": no such file");
+    if (error) throw FileTrouble(path + ": " + error.message());
+    if (!std::filesystem::is_regular_file(status)) throw FileTrouble(path + ": not a regular file");
 }
 
 std::uint64_t fileSize(const std::string& path) {
     std::error_code error;
     const auto bytes = std::filesystem::file_size(path, error);
     if (error) throw FileTrouble(path + ": " + error.message());
+    return bytes;
+}
+
+std::vector<unsigned char> readWhole(const std::string& path) {
+    return readStart(path, std::numeric_limits<std::uint64_t>::max());
+}
+
+std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes) {
+    requireRegularFile(path);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                               &std::fclose);
+    if (file == nullptr) throw FileTrouble(path + ": " + std::strerror(errno));
+    std::vector<unsigned char> bytes(std::min(mostBytes, fileSize(path)));
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
+    if (std::ferror(file.get()) != 0) throw FileTrouble(path + ": " + std::strerror(errno));
     return bytes;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zyr {
 
@@ -10,5 +11,9 @@ void requireRegularFile(const std::string& path);
 
 /// Throws FileTrouble.
 std::uint64_t fileSize(const std::string& path);
+
+/// All bytes of a regular file, or as many as are asked for at most. Throws FileTrouble.
+std::vector<unsigned char> readWhole(const std::string& path);
+std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes);
 
 }  // namespace zyr

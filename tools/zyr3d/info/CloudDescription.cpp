@@ -4,14 +4,12 @@
 namespace zyr {
 namespace {
 
-std::string normalsText(const CloudHeader& header) {
-    if (!header.hasField("nx")) return "none";
-    return header.body == "binary_compressed" ? "yes" : "yes (not read from this kind of body)";
-}
-
-std::string colorsText(CloudFile& file) {
-    if (!file.disk.header.hasField("rgb")) return "none";
-    return file.cloud.IsValidColor() ? channelsText(file.cloud.ColorData()) : "yes (not read)";
+void addNormals(Facts& facts, const CloudHeader& header) {
+    const bool areRead = header.body == "binary_compressed";
+    if (!header.hasField("nx"))
+        facts.add("normals", "none", false);
+    else
+        facts.add("normals", areRead ? "yes" : "yes (not read from this kind of body)", true);
 }
 
 }  // namespace
@@ -21,16 +19,19 @@ Description describeCloudFile(const std::string& path) {
     const CloudHeader& header = file.disk.header;
     const auto points = static_cast<std::uint64_t>(file.cloud.Length());
     Description description;
-    Table& table = description.table;
-    table.add({"fields", fieldsText(header)});
-    table.add({"points", grouped(points)});
-    table.add({"valid points", grouped(static_cast<std::uint64_t>(file.cloud.NumValidPoints()))});
-    addBounds(table, file.cloud.PointData());
-    table.add({"colours", colorsText(file)});
-    table.add({"normals", normalsText(header)});
-    table.add({"body", bodyText(header)});
-    table.add({"bytes raw", grouped(header.recordSize() * points)});
-    table.add({"bytes on disk", grouped(file.disk.bytes)});
+    Facts& facts = description.facts;
+    facts.word("kind", "point cloud");
+    addFields(facts, header);
+    facts.count("points", points);
+    if (header.height > 1)
+        facts.size("grid", static_cast<std::uint64_t>(header.width),
+                   static_cast<std::uint64_t>(header.height));
+    facts.share("valid points", static_cast<std::uint64_t>(file.cloud.NumValidPoints()), points);
+    addBounds(facts, file.cloud.PointData());
+    addColors(facts, "colours", file.cloud.IsValidColor() ? file.cloud.ColorData().Channel() : 0);
+    addNormals(facts, header);
+    addBody(facts, header);
+    addDiskBytes(facts, header.recordSize() * points, file.disk.bytes);
     description.shortage = shortageText(file.disk);
     return description;
 }

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "Table.h"
+
 namespace zyr {
 namespace {
 
@@ -11,29 +13,27 @@ std::string joined(const std::vector<std::string>& words) {
     return text;
 }
 
-/// Bytes that a terminal might take for commands don't reach it.
-std::string printable(std::string text) {
-    for (char& c : text)
-        if (c < ' ' || c == 0x7F) c = '?';
-    return text;
-}
-
 }  // namespace
 
-std::string fieldsText(const CloudHeader& header) {
-    return header.fields.empty() ? "none named" : printable(joined(header.fields));
+void addFields(Facts& facts, const CloudHeader& header) {
+    facts.add("fields", header.fields.empty() ? "none named" : joined(header.fields),
+              header.fields);
 }
 
-std::string bodyText(const CloudHeader& header) {
-    return header.body == "ascii" ? "ascii (not decoded: all points at the origin)" : header.body;
+void addBody(Facts& facts, const CloudHeader& header) {
+    const bool isAscii = header.body == "ascii";
+    facts.add("body", isAscii ? "ascii (not decoded: all points at the origin)" : header.body,
+              header.body);
 }
 
-std::string channelsText(const ZyrColorArray& colors) {
-    const int channels = colors.Channel();
-    return std::to_string(channels) + (channels == 1 ? " channel" : " channels");
+void addColors(Facts& facts, const std::string& label, int channels) {
+    const std::string text = std::to_string(channels) + (channels == 1 ? " channel" : " channels");
+    const std::string key =
+        label == "colours" ? "colors" : label.substr(0, label.find(' ')) + "_colors";
+    facts.add(label, key, channels == 0 ? "none" : text, static_cast<std::uint64_t>(channels));
 }
 
-void addBounds(Table& table, ZyrVector3dArray& points) {
+void addBounds(Facts& facts, ZyrVector3dArray& points) {
     ZyrVector3d low, high(-kInvalidValue, -kInvalidValue, -kInvalidValue);
     for (int i = 0; i < points.Length(); ++i) {
         ZyrVector3d& point = points[i];
@@ -42,9 +42,16 @@ void addBounds(Table& table, ZyrVector3dArray& points) {
         high = high.Maximum(point);
     }
     if (points.NumValidPoints() == 0) return;
-    table.add({"x", compact(low.x) + " to " + compact(high.x)});
-    table.add({"y", compact(low.y) + " to " + compact(high.y)});
-    table.add({"z", compact(low.z) + " to " + compact(high.z)});
+    facts.interval("x", low.x, high.x);
+    facts.interval("y", low.y, high.y);
+    facts.interval("z", low.z, high.z);
+}
+
+void addDiskBytes(Facts& facts, std::uint64_t rawBytes, std::uint64_t diskBytes) {
+    facts.count("bytes raw", rawBytes);
+    const std::string text = grouped(diskBytes);
+    facts.add("bytes on disk",
+              rawBytes == 0 ? text : text + " (" + percent(diskBytes, rawBytes) + ")", diskBytes);
 }
 
 std::string shortageText(const TextHeaderFile& disk) {

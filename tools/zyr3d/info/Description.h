@@ -2,16 +2,19 @@
 
 #include <string>
 
-#include "Table.h"
-#include "ZyrColorArray.h"
+#include "Facts.h"
 #include "ZyrVector3dArray.h"
 #include "files/TextHeaderFile.h"
+
+namespace cv {
+class Mat;
+}
 
 namespace zyr {
 
 /// What `info` tells about a file.
 struct Description {
-    Table table{Table::Left};
+    Facts facts;
     std::string shortage;  ///< what of a cut file is there, "" where all is
 };
 
@@ -20,14 +23,21 @@ Description describeCloudFile(const std::string& path);
 Description describeMeshFile(const std::string& path);
 Description describeRangeFile(const std::string& path);
 Description describePictureFile(const std::string& path);
+/// A file of another format that the tool reads.
+Description describeForeignFile(const std::string& path);
 
 // What the descriptions share.
 
-std::string fieldsText(const CloudHeader& header);
-std::string bodyText(const CloudHeader& header);
-std::string channelsText(const ZyrColorArray& colors);
+void addFields(Facts& facts, const CloudHeader& header);
+void addBody(Facts& facts, const CloudHeader& header);
+/// No channels are none.
+void addColors(Facts& facts, const std::string& label, int channels);
 /// Which coordinates the valid points have.
-void addBounds(Table& table, ZyrVector3dArray& points);
+void addBounds(Facts& facts, ZyrVector3dArray& points);
+/// The size of the file, for people with its share of what it holds.
+void addDiskBytes(Facts& facts, std::uint64_t rawBytes, std::uint64_t diskBytes);
+/// Type, size and values of a grid of one channel; an empty one is of an unknown type.
+void addGrid(Facts& facts, const cv::Mat& grid);
 std::string shortageText(const TextHeaderFile& disk);
 
 }  // namespace zyr

@@ -1,22 +1,21 @@
 #include "Mesh.h"
-#include "Outcome.h"
+#include "check/Check.h"
 #include "info/Description.h"
 
 namespace zyr {
 namespace {
 
-std::string normalsText(const ZyrVector3dArray& normals) {
-    return normals.Length() > 0 ? "yes" : "none";
+void addNormals(Facts& facts, const std::string& label, const ZyrVector3dArray& normals) {
+    const bool areThere = normals.Length() > 0;
+    facts.add(label, areThere ? "yes" : "none", areThere);
 }
 
-/// Colours whose channel count is cut off are in the header alone.
-std::string colorsText(const CloudHeader& header, const char* field, const ZyrColorArray& colors) {
-    if (colors.Length() > 0) return channelsText(colors);
-    return header.hasField(field) ? "none read" : "none";
+std::uint64_t count(int number) {
+    return static_cast<std::uint64_t>(number);
 }
 
-void addCount(Table& table, const char* label, int count) {
-    table.add({label, grouped(static_cast<std::uint64_t>(count))});
+int channels(const ZyrColorArray& colors) {
+    return colors.Length() > 0 ? colors.Channel() : 0;
 }
 
 }  // namespace
@@ -24,24 +23,23 @@ void addCount(Table& table, const char* label, int count) {
 Description describeMeshFile(const std::string& path) {
     const TextHeaderFile disk = scanMeshFile(path);
     ZyrTriangleMesh mesh;
-    if (!mesh.Load(path.c_str(), true, true))
-        throw FileTrouble(path + ": refused: its header is incomplete or its body does not fit it");
+    if (!mesh.Load(path.c_str(), true, true)) explainRefusal(path);
     ZyrVector3dArray vertices = mesh.DeepCopyVertex();
     Description description;
-    Table& table = description.table;
-    table.add({"fields", fieldsText(disk.header)});
-    addCount(table, "vertices", mesh.NumVertices());
-    addCount(table, "valid vertices", mesh.NumValidVertices());
-    addBounds(table, vertices);
-    addCount(table, "triangles", mesh.NumTriangles());
-    addCount(table, "valid triangles", mesh.NumValidTriangles());
-    table.add({"vertex normals", normalsText(mesh.DeepCopyVertexNormal())});
-    table.add({"vertex colours", colorsText(disk.header, "rgb", mesh.DeepCopyVertexColor())});
-    table.add({"triangle normals", normalsText(mesh.DeepCopyTriangleNormal())});
-    table.add({"triangle colours", colorsText(disk.header, "frgb", mesh.DeepCopyTriangleColor())});
-    table.add({"body", bodyText(disk.header)});
-    table.add({"bytes raw", grouped(meshBytes(mesh))});
-    table.add({"bytes on disk", grouped(disk.bytes)});
+    Facts& facts = description.facts;
+    facts.word("kind", "triangle mesh");
+    addFields(facts, disk.header);
+    facts.count("vertices", count(mesh.NumVertices()));
+    facts.share("valid vertices", count(mesh.NumValidVertices()), count(mesh.NumVertices()));
+    addBounds(facts, vertices);
+    facts.count("triangles", count(mesh.NumTriangles()));
+    facts.share("valid triangles", count(mesh.NumValidTriangles()), count(mesh.NumTriangles()));
+    addNormals(facts, "vertex normals", mesh.DeepCopyVertexNormal());
+    addColors(facts, "vertex colours", channels(mesh.DeepCopyVertexColor()));
+    addNormals(facts, "triangle normals", mesh.DeepCopyTriangleNormal());
+    addColors(facts, "triangle colours", channels(mesh.DeepCopyTriangleColor()));
+    addBody(facts, disk.header);
+    addDiskBytes(facts, meshBytes(mesh), disk.bytes);
     description.shortage = shortageText(disk);
     return description;
 }

@@ -1,97 +1,90 @@
-#include <algorithm>
-#include <array>
 #include <limits>
 
-#include "Outcome.h"
+#include "Table.h"
 #include "ZyrRangeImage.h"
 #include "files/ImageFile.h"
+#include "files/RangeFile.h"
 #include "files/RegularFile.h"
+#include "files/ValueType.h"
 #include "info/Description.h"
 
 namespace zyr {
 namespace {
 
-/// A type and the bytes of a value.
-struct ValueType {
-    const char* name;
-    std::uint64_t bytes;
+struct Values {
+    double low = std::numeric_limits<double>::infinity(), high = -low;
+    std::uint64_t zeros = 0, numbers = 0;
+
+    void take(double value) {
+        if (!(value >= -std::numeric_limits<double>::infinity())) return;
+        ++numbers;
+        if (value < low) low = value;
+        if (value > high) high = value;
+        if (value == 0.0) ++zeros;
+    }
 };
 
-/// In the order of their codes.
-constexpr std::array<ValueType, 7> kTypes = {{{"8-bit unsigned", 1},
-                                              {"8-bit signed", 1},
-                                              {"16-bit unsigned", 2},
-                                              {"16-bit signed", 2},
-                                              {"32-bit signed", 4},
-                                              {"float", 4},
-                                              {"double", 8}}};
-
-std::uint64_t pixels(const ZyrRangeImage& image) {
-    return static_cast<std::uint64_t>(image.Width()) * static_cast<std::uint64_t>(image.Height());
-}
-
-std::string rangeText(const ZyrRangeImage& image) {
-    double low = std::numeric_limits<double>::infinity(), high = -low;
-    for (int row = 0; row < image.Height(); ++row)
-        for (int column = 0; column < image.Width(); ++column) {
-            const double value = image.GetValue(row, column);
-            if (value < low) low = value;
-            if (value > high) high = value;
-        }
-    return low <= high ? compact(low) + " to " + compact(high) : "no numbers";
-}
-
-/// The rows of values; without values the type is not known. Gives their bytes.
-std::uint64_t addValues(Table& table, const ZyrRangeImage& image) {
-    const auto type = static_cast<std::size_t>(image.DataType());
-    if (pixels(image) == 0 || type >= kTypes.size()) {
-        table.add({"type", "unknown, so that no values are read"});
-        return 0;
+Values valuesOf(const cv::Mat& grid) {
+    Values values;
+    cv::Mat row;
+    for (int i = 0; i < grid.rows; ++i) {
+        grid.row(i).convertTo(row, CV_64F);
+        for (const double value : cv::Mat_<double>(row)) values.take(value);
     }
-    table.add({"type", kTypes[type].name});
-    table.add({"size", std::to_string(image.Width()) + " x " + std::to_string(image.Height())});
-    table.add({"values", rangeText(image)});
-    return pixels(image) * kTypes[type].bytes;
+    return values;
 }
 
-std::string axesText(double x, double y, double z) {
-    return compact(x) + ", " + compact(y) + ", " + compact(z);
+void addAxes(Facts& facts, const std::string& key, double x, double y, double z) {
+    facts.add(key + " x, y, z", key, compact(x) + ", " + compact(y) + ", " + compact(z),
+              std::vector<double>{x, y, z});
 }
 
-void addCalibration(Table& table, const ZyrRangeImage& image) {
-    table.add({"resolution x, y, z",
-               axesText(image.ResolutionX(), image.ResolutionY(), image.ResolutionZ())});
-    table.add({"offset x, y, z", axesText(image.OffsetX(), image.OffsetY(), image.OffsetZ())});
-}
-
-void addBytes(Table& table, std::uint64_t raw, const std::string& path) {
-    table.add({"bytes raw", grouped(raw)});
-    table.add({"bytes on disk", grouped(fileSize(path))});
+void addBytes(Facts& facts, std::uint64_t raw, const std::string& path) {
+    addDiskBytes(facts, raw, fileSize(path));
 }
 
 }  // namespace
 
+void addGrid(Facts& facts, const cv::Mat& grid) {
+    if (grid.empty()) {
+        facts.add("type", "unknown, so that no values are read", "unknown");
+        return;
+    }
+    facts.word("type", valueTypeName(grid.depth()));
+    facts.size("size", static_cast<std::uint64_t>(grid.cols),
+               static_cast<std::uint64_t>(grid.rows));
+    const Values values = valuesOf(grid);
+    if (values.numbers == 0)
+        facts.add("values", "no numbers", std::vector<double>());
+    else
+        facts.interval("values", values.low, values.high);
+    if (values.numbers < grid.total()) facts.share("numbers", values.numbers, grid.total());
+    facts.share("zeros", values.zeros, grid.total());
+}
+
 Description describeRangeFile(const std::string& path) {
-    requireRegularFile(path);
-    ZyrRangeImage image;
-    if (!image.Load(path.c_str(), true))
-        throw FileTrouble(path + ": refused: cut short, or its blocks do not fit its head");
-    const ZyrColorArray colors = image.DeepCopyColors();
-    const auto colorBytes =
-        static_cast<std::uint64_t>(colors.Length()) * static_cast<std::uint64_t>(colors.Channel());
+    const RangeFile file = loadRangeFile(path);
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, image);
-    addCalibration(description.table, image);
-    description.table.add({"colours", colors.Length() > 0 ? channelsText(colors) : "none"});
-    addBytes(description.table, valueBytes + colorBytes, path);
+    Facts& facts = description.facts;
+    facts.word("kind", "range image");
+    addGrid(facts, file.values);
+    addAxes(facts, "resolution", file.resolutionX, file.resolutionY, file.resolutionZ);
+    addAxes(facts, "offset", file.offsetX, file.offsetY, file.offsetZ);
+    addColors(facts, "colours", file.colors.empty() ? 0 : file.colors.channels());
+    addBytes(
+        facts,
+        file.values.total() * file.values.elemSize() + file.colors.total() * file.colors.elemSize(),
+        path);
     return description;
 }
 
 Description describePictureFile(const std::string& path) {
     const ZyrRangeImage image = readPictureValues(path);
+    const cv::Mat grid(image.Height(), image.Width(), image.DataType(), image.Data());
     Description description;
-    const std::uint64_t valueBytes = addValues(description.table, image);
-    addBytes(description.table, valueBytes, path);
+    description.facts.word("kind", "picture, as a range image");
+    addGrid(description.facts, grid);
+    addBytes(description.facts, grid.total() * grid.elemSize(), path);
     return description;
 }
 

@@ -1,0 +1,160 @@
+#include "fileIO/LzfEncoder.h"
+
+#include <gtest/gtest.h>
+#include <liblzf/lzf.h>
+
+#include <cmath>
+#include <random>
+
+#include "support/LzfData.h"
+#include "support/PlainLzf.h"
+
+using test::Bytes;
+
+namespace {
+
+constexpr std::size_t kWidths[] = {1, 2, 4, 8};
+
+/// From and into buffers of exactly the sizes that are asked for.
+Bytes encoded(const Bytes& block, std::size_t width) {
+    const Bytes in = test::prefix(block, block.size());
+    Bytes out(zyr::lzfBlockRoom(in.size()));
+    return test::prefix(out, zyr::lzfEncodeBlock(in.data(), in.size(), width, out.data()));
+}
+
+Bytes blocks(const Bytes& data, std::size_t width) {
+    Bytes stream;
+    for (std::size_t i = 0; i < data.size(); i += zyr::kLzfBlock) {
+        const std::size_t end = std::min(data.size(), i + zyr::kLzfBlock);
+        const Bytes chunks = encoded(Bytes(data.begin() + static_cast<std::ptrdiff_t>(i),
+                                           data.begin() + static_cast<std::ptrdiff_t>(end)),
+                                     width);
+        stream.insert(stream.end(), chunks.begin(), chunks.end());
+    }
+    return stream;
+}
+
+Bytes decodedThere(const Bytes& stream, std::size_t size) {
+    Bytes out(size);
+    out.resize(lzf_decompress(stream.data(), static_cast<unsigned>(stream.size()), out.data(),
+                              static_cast<unsigned>(size)));
+    return out;
+}
+
+std::size_t sizeThere(const Bytes& data) {
+    Bytes out(data.size() * 2);
+    return lzf_compress(data.data(), static_cast<unsigned>(data.size()), out.data(),
+                        static_cast<unsigned>(out.size()));
+}
+
+template <class Make>
+Bytes column(std::size_t count, Make make) {
+    Bytes bytes;
+    for (std::size_t i = 0; i < count; ++i) test::put(bytes, make(i));
+    return bytes;
+}
+
+/// Columns as files hold them, and mixtures that make an encoder change its mind.
+std::vector<test::NamedBytes> columns() {
+    std::mt19937 random(41);
+    std::normal_distribution<double> noise(0, 0.0003);
+    const auto wave = [&](std::size_t i) { return std::sin(0.01 * double(i)) + noise(random); };
+    const Bytes floats = column(20000, [&](std::size_t i) { return double(float(wave(i))); });
+    const Bytes holes = column(20000, [&](std::size_t i) {
+        return random() % 5 == 0 ? 3.4028234663852886e+38 : double(float(wave(i)));
+    });
+    const Bytes steps =
+        column(20000, [&](std::size_t i) { return std::round(wave(i) * 1000) * 0.001; });
+    const Bytes grid = column(20000, [&](std::size_t) { return 0.5F * double(random() % 300); });
+    const Bytes indices = column(40000, [&](std::size_t i) { return int(i / 2 + random() % 50); });
+    const Bytes words = column(40000, [&](std::size_t i) {
+        return 0xFF000000U | std::uint32_t(random() % 4) << 16 | std::uint32_t(i / 64 % 256);
+    });
+    const Bytes rows = column(70000, [&](std::size_t i) {
+        return std::uint16_t(random() % 50 == 0 ? 0 : 1000 + i % 640 / 7 + random() % 2);
+    });
+    return {{"floats", floats},
+            {"holes", holes},
+            {"steps", steps},
+            {"grid", grid},
+            {"indices", indices},
+            {"words", words},
+            {"rows", rows},
+            {"all", test::joined({floats, steps, Bytes(30000), indices, words, rows, grid})}};
+}
+
+void expectComesBack(const std::string& name, const Bytes& data) {
+    for (const std::size_t width : kWidths) {
+        const Bytes stream = blocks(data, width);
+        EXPECT_TRUE(test::plainDecode(stream, data.size()) == data) << name << ", " << width;
+        EXPECT_TRUE(decodedThere(stream, data.size()) == data) << name << ", " << width;
+    }
+}
+
+}  // namespace
+
+TEST(LzfEncoder, BlocksOfAnyDataAreAStreamOfIt) {
+    for (const auto& [name, data] : test::madeData()) expectComesBack(name, data);
+}
+
+TEST(LzfEncoder, BlocksOfColumnsAreAStreamOfThem) {
+    for (const auto& [name, data] : columns()) expectComesBack(name, data);
+}
+
+TEST(LzfEncoder, BlocksOfMeasuredDataAreAStreamOfThem) {
+    const auto measured = test::measuredData();
+    if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
+    for (const auto& [name, data] : measured) {
+        const Bytes stream = blocks(data, 8);
+        EXPECT_TRUE(test::plainDecode(stream, data.size()) == data) << name;
+        EXPECT_LE(double(stream.size()), 1.03 * double(sizeThere(data))) << name;
+    }
+}
+
+TEST(LzfEncoder, BlocksOfAnySizeComeBack) {
+    for (const Bytes& data : {Bytes(600, 3), test::decimals(75), test::randomBytes(600, 256, 43)})
+        for (std::size_t size = 0; size <= data.size(); ++size)
+            for (const std::size_t width : kWidths) {
+                const Bytes block = test::prefix(data, size);
+                EXPECT_EQ(test::plainDecode(encoded(block, width), size), block) << size;
+            }
+}
+
+TEST(LzfEncoder, ShiftedColumnsComeBack) {
+    for (const auto& [name, data] : columns())
+        for (std::ptrdiff_t shift = 1; shift < 8; ++shift)
+            for (const std::size_t width : kWidths) {
+                const Bytes block(data.begin() + shift, data.begin() + 3000);
+                EXPECT_EQ(test::plainDecode(encoded(block, width), block.size()), block) << name;
+            }
+}
+
+TEST(LzfEncoder, NothingBecomesNothing) {
+    for (const std::size_t width : kWidths) EXPECT_TRUE(encoded({}, width).empty());
+}
+
+TEST(LzfEncoder, NoDataTakeMoreThanALiteralControlByteForEach32) {
+    for (const auto& [name, data] : columns())
+        for (const std::size_t width : kWidths)
+            EXPECT_LE(encoded(test::prefix(data, zyr::kLzfBlock), width).size(),
+                      zyr::lzfWorstCase(std::min(data.size(), zyr::kLzfBlock)))
+                << name;
+    for (std::size_t size = 1; size < 200; ++size)
+        for (const std::size_t width : kWidths)
+            EXPECT_LE(encoded(test::randomBytes(size, 3, 44), width).size(),
+                      zyr::lzfWorstCase(size));
+}
+
+TEST(LzfEncoder, TheSameBlockAlwaysGivesTheSameChunks) {
+    for (const auto& [name, data] : columns())
+        EXPECT_TRUE(blocks(data, 8) == blocks(data, 8)) << name;
+}
+
+TEST(LzfEncoder, ColumnsButDecimalsTakeNoMoreThanWithLiblzf) {
+    const std::vector<test::NamedBytes> all = columns();
+    const std::size_t widths[] = {8, 8, 8, 8, 4, 4, 2};
+    for (const std::size_t i : {0, 1, 3, 4, 5, 6})
+        EXPECT_LE(double(blocks(all[i].second, widths[i]).size()),
+                  1.03 * double(sizeThere(all[i].second)))
+            << all[i].first;
+}

@@ -1,0 +1,148 @@
+#include <unistd.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "Program.h"
+
+namespace {
+
+class BatchOfFiles : public test::Tool {
+protected:
+    /// So many copies of golden files of different sizes, by their number.
+    std::string makeFiles(int count) const {
+        std::string names;
+        for (int i = 0; i < count; ++i) {
+            const std::string name = std::to_string(i) + ".zrt";
+            std::filesystem::copy_file(i % 2 == 0 ? ZYR_GOLDEN_DIR "/rangeimage/type2.zrt"
+                                                  : ZYR_GOLDEN_DIR "/rangeimage/references.zrt",
+                                       path(name));
+            names += " " + name;
+        }
+        return names;
+    }
+
+    /// With the program as $zyr3d; standard output stays as the text leaves it.
+    test::Result runInShell(const std::string& text) const {
+        const std::string command =
+            "cd " + path(".") + " && zyr3d=" ZYR_TOOL "; { " + text + "; } 2>err.txt";
+        const int status = std::system(command.c_str());
+        return {WEXITSTATUS(status), "", test::readText(path("err.txt"))};
+    }
+};
+
+TEST_F(BatchOfFiles, OutputIsTheSameHoweverManyAreWorkedOnAtOnce) {
+    const std::string names = makeFiles(60) + " none.zrt";
+    const test::Result one = run("info" + names), many = run("info -j 8" + names);
+    EXPECT_EQ(one.exitCode, 3);
+    EXPECT_EQ(many.exitCode, 3);
+    EXPECT_EQ(many.out, one.out);
+    EXPECT_EQ(many.err, one.err);
+}
+
+TEST_F(BatchOfFiles, BadFileDoesNotStopTheOthers) {
+    const std::string names = makeFiles(3);
+    const test::Result result = run("info none.zrt" + names);
+    expectTrouble(result, 3, "none.zrt: no such file");
+    EXPECT_NE(result.out.find("2.zrt\n"), std::string::npos);
+}
+
+TEST_F(BatchOfFiles, ManyMoreFilesThanDescriptorsAreFine) {
+    const std::string names = makeFiles(100);
+    EXPECT_EQ(run("info -j 2" + names, "ulimit -n 20").exitCode, 0);
+    EXPECT_EQ(run("check -j 2" + names, "ulimit -n 20").exitCode, 0);
+    EXPECT_EQ(run("diff 0.zrt 2.zrt", "ulimit -n 20").exitCode, 0);
+}
+
+TEST_F(BatchOfFiles, FullOutputIsOneLineAndFileTrouble) {
+    makeFiles(2);
+    for (const std::string command : {"info 0.zrt 1.zrt", "check 0.zrt 1.zrt", "diff 0.zrt 1.zrt",
+                                      "--help", "--version", "info --help"})
+        expectTrouble(runInShell("$zyr3d " + command + " >/dev/full"), 3,
+                      "standard output: No space left on device");
+}
+
+TEST_F(BatchOfFiles, ClosedOutputIsFileTrouble) {
+    makeFiles(1);
+    expectTrouble(runInShell("$zyr3d info 0.zrt >&-"), 3, "standard output: Bad file descriptor");
+}
+
+TEST_F(BatchOfFiles, ReaderThatGoesAwayEndsTheWorkQuietly) {
+    const std::string names = makeFiles(20);
+    for (const std::string& command : {"info" + names, std::string("--help")}) {
+        const test::Result result =
+            runInShell("{ sleep 0.2; $zyr3d " + command + "; echo $? >&2; } | true");
+        EXPECT_EQ(result.err, "3\n") << command;
+    }
+}
+
+TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the address sanitizer takes more memory than is left here";
+#endif
+    // A sparse file of a gigabyte.
+    const std::string make = "truncate -s 1G big.zrt; cp " ZYR_GOLDEN_DIR "/rangeimage/type0.zrt .";
+    for (const char* command : {"info", "check", "diff type0.zrt"})
+        expectTrouble(run(std::string(command) + " big.zrt", make + "; ulimit -v 800000"), 3,
+                      "out of memory");
+}
+
+TEST_F(BatchOfFiles, FileWithoutRightsIsFileTrouble) {
+    if (geteuid() == 0) GTEST_SKIP() << "nothing is forbidden to the superuser";
+    makeFiles(1);
+    std::filesystem::permissions(path("0.zrt"), std::filesystem::perms::none);
+    for (const char* command : {"info", "check", "diff 0.zrt"})
+        expectTrouble(run(std::string(command) + " 0.zrt"), 3, "0.zrt: Permission denied");
+}
+
+TEST_F(BatchOfFiles, NumberAtOnceHasBounds) {
+    makeFiles(1);
+    EXPECT_EQ(run("info -j 256 0.zrt").exitCode, 0);
+    for (const char* wrong : {"0", "257", "x", "-1"})
+        expectTrouble(run(std::string("info 0.zrt -j ") + wrong), 2, "--jobs");
+}
+
+/// Standard error is a terminal here, as `script` makes one.
+TEST_F(BatchOfFiles, BarAppearsOnATerminalAfterASecondAndGoesAway) {
+    if (std::system("command -v script >/dev/null") != 0) GTEST_SKIP() << "no script(1)";
+    // Eight pictures of 64 megapixels take more than a second.
+    cv::imwrite(path("big.png"), cv::Mat(8000, 8000, CV_8UC1, cv::Scalar(0)));
+    const std::string program = ZYR_TOOL, big = " big.png big.png big.png big.png";
+    const auto inTerminal = [&](const std::string& files, const std::string& into) {
+        const std::string command = "script -qc '" + program + " check" + files + "' " + into;
+        ASSERT_EQ(std::system(("cd " + path(".") + " && " + command + " >/dev/null").c_str()), 0);
+    };
+    inTerminal(" none.zrt", "quick.txt");
+    inTerminal(big + big, "slow.txt");
+    const std::string slow = test::readText(path("slow.txt"));
+    EXPECT_EQ(test::readText(path("quick.txt")).find(" of 1, "), std::string::npos);
+    EXPECT_NE(slow.find(" of 8, 1 s"), std::string::npos) << slow;
+    EXPECT_GT(slow.rfind("\r\x1b[K"), slow.rfind(" of 8, ")) << slow;
+}
+
+TEST_F(BatchOfFiles, JsonHasALineForEachFile) {
+    const std::string names = makeFiles(4);
+    const test::Result result = run("info --json -j 4 none.zrt" + names);
+    EXPECT_EQ(result.exitCode, 3);
+    std::istringstream lines(result.out);
+    std::vector<nlohmann::json> all;
+    for (std::string line; std::getline(lines, line);) all.push_back(nlohmann::json::parse(line));
+    ASSERT_EQ(all.size(), 5u);
+    EXPECT_EQ(all[0]["error"], "none.zrt: no such file");
+    EXPECT_EQ(all[1]["file"], "0.zrt");
+    EXPECT_EQ(all[1]["kind"], "range image");
+    EXPECT_EQ(all[1]["size"], nlohmann::json({3, 2}));
+    EXPECT_EQ(all[1]["values"], nlohmann::json({0.0, 65535.0}));
+    EXPECT_EQ(all[1]["resolution"], nlohmann::json({0.5, 0.25, 0.01}));
+    EXPECT_EQ(all[2]["bytes_raw"], 1800);
+}
+
+TEST_F(BatchOfFiles, NamesOfAnyBytesDoNotSpoilTheOutput) {
+    const std::string name = "a\x1b[31m\xff\".zrt";
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/rangeimage/type0.zrt", path(name));
+    EXPECT_EQ(run("info *.zrt").out.find('\x1b'), std::string::npos);
+    const nlohmann::json json = nlohmann::json::parse(run("info --json *.zrt").out);
+    EXPECT_EQ(json["file"], "a\x1b[31m\xEF\xBF\xBD\".zrt");
+}
+
+}  // namespace

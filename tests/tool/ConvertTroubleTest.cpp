@@ -1,0 +1,154 @@
+#include "ConvertCommand.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::isThere;
+using zyr::Scene;
+using Doubles = std::vector<double>;
+
+class ConvertTrouble : public test::ConvertCommand {};
+
+TEST_F(ConvertTrouble, ManyFilesGoIntoAFolder) {
+    std::string names, said;
+    for (int i = 0; i < 20; ++i) {
+        const std::string name = std::to_string(i) + ".xyz";
+        test::writeText(path(name), std::to_string(i) + " 2 3\n");
+        names += name + " ";
+        said += name + " -> out/" + std::to_string(i) + ".ply: 1 points\n";
+    }
+    EXPECT_EQ(say(names + "--to ply --out out -j 4"), said);
+    EXPECT_EQ(test::pointsOf(scene("out/19.ply")), (Doubles{19, 2, 3}));
+}
+
+TEST_F(ConvertTrouble, WorstOfManyFilesDecidesAndTheOthersAreWritten) {
+    test::writeText(path("a.xyz"), "1 2 3\n");
+    test::writeText(path("b.xyz"), "1 2\n");
+    const test::Result result = run("convert b.xyz a.xyz --to ply --out out");
+    expectTrouble(result, 3, "b.xyz: line 1: fewer than 3 columns");
+    EXPECT_TRUE(fs::exists(path("out/a.ply")));
+    EXPECT_FALSE(fs::exists(path("out/b.ply")));
+}
+
+TEST_F(ConvertTrouble, FileMayReplaceItself) {
+    test::writeText(path("a.ply"),
+                    "ply\nformat ascii 1.0\nelement vertex 1\nproperty float x\n"
+                    "property float y\nproperty float z\nend_header\n1 2 3\n");
+    say("a.ply a.ply --binary");
+    EXPECT_EQ(test::pointsOf(scene("a.ply")), (Doubles{1, 2, 3}));
+}
+
+TEST_F(ConvertTrouble, WrongWishesAreUsageErrors) {
+    writeCloud();
+    for (const std::string wish :
+         {"in.csv", "in.csv a.ply b.ply", "in.csv --to ply", "in.csv a.ply --out out",
+          "in.csv a.doc", "in.csv a.ply --invalid hide", "in.csv a.ply --ascii --binary",
+          "in.csv a.ply --float --double", "in.csv a.ply --camera 1,2,3", "in.csv a.ply --grid 3",
+          "in.csv a.ply --grid 0x3", "in.csv a.ply --camera 1,2,3,nan", "in.csv a.ply --jump 0",
+          "in.csv a.ply --depth-scale 0", "in.csv a.ply --camera 0,1,2,3", "in.csv a.ply -j 0",
+          "in.csv in.csv --to ply --out out"})
+        EXPECT_THROW(runHere(wish), CLI::ParseError) << wish;
+    expectTrouble(run("convert in.csv"), 2, "IN and OUT");
+}
+
+TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
+    writeCloud();
+    expectRefusal("in.csv a.zpt --ascii", "no such body");
+    expectRefusal("in.csv a.ply --compressed", "no such body");
+    expectRefusal("in.csv a.pcd --big-endian", "no such body");
+    expectRefusal("in.csv a.zpt --invalid nan", "no NaN");
+    expectRefusal("in.csv a.zpt --float", "doubles alone");
+    expectRefusal("in.csv a.stl --double", "floats alone");
+    expectRefusal("in.csv a.pcd --mesh", "PCD holds no meshes");
+    expectTrouble(run("convert in.csv a.stl"), 2, "in.csv: a cloud becomes a mesh by its grid");
+    expectTrouble(run("convert in.csv a.png"), 2, "in.csv: PNG holds range images alone");
+    expectTrouble(run("convert in.csv a.ply --grid 2x2"), 2, "--grid 2x2 does not fit 3 points");
+    EXPECT_FALSE(fs::exists(path("a.stl")));
+}
+
+TEST_F(ConvertTrouble, UnreadableAndUnwritableFilesAreFileTrouble) {
+    writeCloud();
+    fs::create_directory(path("dir.ply"));
+    expectTrouble(run("convert none.ply a.obj"), 3, "none.ply: no such file");
+    expectTrouble(run("convert dir.ply a.obj"), 3, "dir.ply: not a regular file");
+    expectTrouble(run("convert in.doc a.obj"), 3, "in.doc: not a format that is read");
+    expectTrouble(run("convert in.csv none/a.obj"), 3, "none/a.obj: cannot be written");
+    expectTrouble(run("convert in.csv dir.ply"), 3, "dir.ply: not a regular file");
+}
+
+TEST_F(ConvertTrouble, FullDiskLeavesTheOldFileAndNothingElse) {
+    std::string many;
+    for (int i = 0; i < 30000; ++i) many += std::to_string(i) + " 2 3\n";
+    test::writeText(path("in.xyz"), many);
+    for (const std::string name : {"old.zpt", "old.ply"}) {
+        test::writeText(path(name), "precious");
+        const std::string limit = "trap '' XFSZ; ulimit -f 20";
+        expectTrouble(run("convert in.xyz " + name, limit), 3, name + ": ");
+        EXPECT_EQ(test::readText(path(name)), "precious");
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 5);
+}
+
+TEST_F(ConvertTrouble, BrokenOwnFilesAreRefused) {
+    writeCloud();
+    say("in.csv good.zpt");
+    std::string bytes = test::readText(path("good.zpt"));
+    test::writeText(path("cut.zpt"), bytes.substr(0, bytes.size() - 1));
+    expectTrouble(run("convert cut.zpt a.ply"), 3, "cut.zpt: cut short");
+    bytes.replace(bytes.find("binary_compressed"), 17, "ascii");
+    test::writeText(path("ascii.zpt"), bytes);
+    expectTrouble(run("convert ascii.zpt a.ply"), 3, "ascii.zpt: its body is ascii");
+}
+
+TEST_F(ConvertTrouble, TrianglesOfMeshFilesAreHeldAgainstTheVertices) {
+    double points[] = {0, 0, 0, 1, 0, 0, 0, 1, 0};
+    int corners[] = {0, 1, 3};
+    const ZyrTriangleMesh mesh(ZyrVector3dArray(points, 9, test::kInvalid),
+                               Zyr3DIntArray(corners, 3));
+    ASSERT_TRUE(mesh.Save(path("in.ztmt").c_str(), true, true));
+    expectTrouble(run("convert in.ztmt a.ply"), 3, "names a vertex that is not there");
+}
+
+TEST_F(ConvertTrouble, HelpIsGood) {
+    const test::Result result = run("convert --help");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(isThere(result.out, "--invalid keep|nan|drop"));
+}
+
+/// A published file through a format and back: what it gives is the same.
+class ConvertRealData : public test::ConvertCommand {
+protected:
+    void SetUp() override {
+        ConvertCommand::SetUp();
+        if (!fs::exists(ZYR_DATA_DIR)) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
+    }
+};
+
+TEST_F(ConvertRealData, StructuredLightFrameComesBackThroughOurFile) {
+    say(ZYR_DATA_DIR "/cloud_milk/milk.pcd a.zpt");
+    say("a.zpt b.pcd --grid 640x480 --compressed");
+    const Scene before = zyr::readScene(ZYR_DATA_DIR "/cloud_milk/milk.pcd"),
+                after = scene("b.pcd");
+    EXPECT_EQ(test::pointsOf(after), test::pointsOf(before));
+    EXPECT_EQ(test::colorsOf(after), test::colorsOf(before));
+    EXPECT_EQ(after.columns, 640);
+}
+
+TEST_F(ConvertRealData, ReconstructedSurfaceComesBackThroughOurFile) {
+    say(ZYR_DATA_DIR "/mesh_frag115/frag_115.ply a.ztmt");
+    say("a.ztmt b.obj");
+    const Scene before = zyr::readScene(ZYR_DATA_DIR "/mesh_frag115/frag_115.ply"),
+                after = scene("b.obj");
+    EXPECT_EQ(test::pointsOf(after), test::pointsOf(before));
+    EXPECT_EQ(test::normalsOf(after), test::normalsOf(before));
+    EXPECT_EQ(test::colorsOf(after), test::colorsOf(before));
+    EXPECT_EQ(test::trianglesOf(after), test::trianglesOf(before));
+}
+
+TEST_F(ConvertRealData, WeldedStlIsTheMeshOfTheArrays) {
+    const Scene mesh = zyr::readScene(ZYR_DATA_DIR "/mesh_counter/counter.stl");
+    EXPECT_EQ(mesh.cloud.Length(), 41837);
+    EXPECT_EQ(mesh.triangleCount(), 83750);
+}
+
+}  // namespace

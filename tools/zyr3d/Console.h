@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "Outcome.h"
+
+namespace zyr {
+
+/// Whoever reads our standard output has seen enough: nothing that people need to be told.
+struct ReaderGone : FileTrouble {
+    ReaderGone() : FileTrouble("standard output: closed by its reader") {}
+};
+
+/// Makes writing to a closed pipe an error instead of the end, and keeps the places of closed
+/// standard streams, so that no file is opened in their stead.
+void prepareStandardStreams();
+
+/// Writes to standard output at once. Throws FileTrouble where that fails, as on a full disk.
+void printOut(const std::string& text);
+/// What std::cout still holds.
+void flushOut();
+/// Writes to standard error, also while the codecs are kept quiet.
+void printError(const std::string& text);
+
+}  // namespace zyr

@@ -1,0 +1,101 @@
+#include "files/SafeFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "Outcome.h"
+
+namespace zyr {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBuffer = 1 << 20;
+
+fs::path resolved(const std::string& path) {
+    std::error_code error;
+    const fs::path target = fs::canonical(path, error);
+    if (error) return path;
+    if (!fs::is_regular_file(target)) throw FileTrouble(path + ": not a regular file");
+    return target;
+}
+
+/// The rights of the file that is replaced, or those that a new one gets.
+mode_t modeFor(const std::string& path) {
+    struct stat old {};
+    if (stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+void syncFolder(const fs::path& folder) {
+    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) return;
+    fsync(handle);
+    close(handle);
+}
+
+}  // namespace
+
+SafeFile::SafeFile(const std::string& path) : path_(resolved(path)) {
+    const fs::path target(path_);
+    const std::string suffix = target.extension();
+    const fs::path name = "." + target.stem().string().substr(0, 200) + ".XXXXXX" + suffix;
+    temporary_ = target.parent_path() / name;
+    file_ = mkostemps(temporary_.data(), static_cast<int>(suffix.size()), O_CLOEXEC);
+    if (file_ < 0) {
+        temporary_.clear();
+        throw FileTrouble(path + ": cannot be written: " + std::strerror(errno));
+    }
+    fchmod(file_, modeFor(path_));
+}
+
+SafeFile::~SafeFile() {
+    if (file_ >= 0) close(file_);
+    if (!temporary_.empty()) unlink(temporary_.c_str());
+}
+
+void SafeFile::fail(const char* what) const {
+    throw FileTrouble(path_ + ": " + what + ": " + std::strerror(errno));
+}
+
+void SafeFile::put(std::string_view bytes) {
+    buffer_ += bytes;
+    if (buffer_.size() >= kBuffer) flush();
+}
+
+void SafeFile::flush() {
+    std::size_t done = 0;
+    while (done < buffer_.size()) {
+        const ssize_t size = write(file_, buffer_.data() + done, buffer_.size() - done);
+        if (size < 0 && errno == EINTR) continue;
+        if (size < 0) fail("cannot be written");
+        done += static_cast<std::size_t>(size);
+    }
+    written_ += done;
+    buffer_.clear();
+}
+
+void SafeFile::finish() {
+    flush();
+    if (fsync(file_) != 0) fail("cannot be written");
+    struct stat now {};
+    if (fstat(file_, &now) != 0) fail("cannot be checked");
+    if (written_ > 0 && static_cast<std::uint64_t>(now.st_size) != written_)
+        throw FileTrouble(path_ + ": is not whole on the disk");
+}
+
+void SafeFile::commit() {
+    if (rename(temporary_.c_str(), path_.c_str()) != 0) fail("cannot be replaced");
+    temporary_.clear();
+    const fs::path folder = fs::path(path_).parent_path();
+    syncFolder(folder.empty() ? "." : folder);
+}
+
+}  // namespace zyr

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zyr {
+
+/// A file that gets its name when it is whole: until then it is a temporary one in the same folder,
+/// which goes away unless it is committed, so that a good file is never replaced by a torn one.
+/// All throw FileTrouble.
+class SafeFile {
+public:
+    /// A path to a link means what the link leads to.
+    explicit SafeFile(const std::string& path);
+    ~SafeFile();
+    SafeFile(const SafeFile&) = delete;
+    SafeFile& operator=(const SafeFile&) = delete;
+
+    /// For those who write by name. It has the suffix of the file to be.
+    const std::string& temporary() const { return temporary_; }
+
+    void put(std::string_view bytes);
+    /// All that was put, or written by name, is on the disk and of the right size.
+    void finish();
+    /// After finish: takes the place of the file that had the name.
+    void commit();
+
+private:
+    void flush();
+    [[noreturn]] void fail(const char* what) const;
+
+    std::string path_, temporary_, buffer_;
+    std::uint64_t written_ = 0;
+    int file_ = -1;
+};
+
+}  // namespace zyr

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/Scalar.h"
+
+namespace zyr {
+
+/// A column of a PLY element: a value, or a list of values behind their number.
+struct PlyProperty {
+    std::string name;
+    Scalar value;
+    bool isList = false;
+    Scalar count;  ///< of a list
+};
+
+struct PlyElement {
+    std::string name;
+    std::uint64_t count = 0;
+    std::vector<PlyProperty> properties;
+
+    /// Bytes that one takes at least, with empty lists.
+    std::uint64_t leastBytes(bool isAscii) const;
+};
+
+struct PlyHeader {
+    enum Body { Ascii, LittleEndian, BigEndian };
+
+    Body body = Ascii;
+    std::vector<PlyElement> elements;
+    std::size_t bodyStart = 0;
+    std::size_t lines = 0;  ///< of the header
+};
+
+/// Throws FormatFault.
+PlyHeader readPlyHeader(std::string_view bytes);
+
+}  // namespace zyr

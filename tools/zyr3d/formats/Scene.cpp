@@ -1,0 +1,47 @@
+#include "formats/Scene.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "Outcome.h"
+#include "files/RegularFile.h"
+#include "formats/Fault.h"
+#include "formats/Format.h"
+
+namespace zyr {
+namespace {
+
+std::string readBytes(const std::string& path) {
+    requireRegularFile(path);
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(fileSize(path), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file) throw FileTrouble(path + ": " + std::strerror(errno));
+    return bytes;
+}
+
+}  // namespace
+
+ZyrTriangleMesh Scene::mesh() const {
+    ZyrPointCloud shared = cloud;
+    return ZyrTriangleMesh(shared.PointData(), triangles, shared.ColorData(), triangleColors,
+                           shared.NormalData(), triangleNormals);
+}
+
+bool isScenePath(const std::string& path) {
+    return formatOf(path) != nullptr;
+}
+
+Scene readScene(const std::string& path) try {
+    const Format* format = formatOf(path);
+    if (format == nullptr) throw FileTrouble(path + ": not a format that is read, by its suffix");
+    return format->fromPath != nullptr ? format->fromPath(path)
+                                       : format->fromBytes(readBytes(path));
+} catch (const FormatFault& fault) {
+    throw Fault(path, fault.what());
+} catch (const std::bad_alloc&) {
+    throw FileTrouble(path + ": needs more memory than there is");
+}
+
+}  // namespace zyr
