@@ -66,3 +66,9 @@ void test::failAllocation(long n) {
 bool test::endFailing() {
     return untilFailure.exchange(-1) < 0;
 }
+
+test::FailingPaused::FailingPaused() : before_(untilFailure.exchange(-1)) {}
+
+test::FailingPaused::~FailingPaused() {
+    untilFailure = before_;
+}

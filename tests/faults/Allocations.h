@@ -17,4 +17,16 @@ void failAllocation(long n);
 /// Whether it came to that; no allocation fails from now on.
 bool endFailing();
 
+/// While it lives, allocations neither fail nor count as those that could.
+class FailingPaused {
+public:
+    FailingPaused();
+    ~FailingPaused();
+    FailingPaused(const FailingPaused&) = delete;
+    FailingPaused& operator=(const FailingPaused&) = delete;
+
+private:
+    long before_;
+};
+
 }  // namespace test

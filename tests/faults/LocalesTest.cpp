@@ -13,6 +13,12 @@
 
 using test::Bytes;
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kHasSanitizer = true;
+#else
+constexpr bool kHasSanitizer = false;
+#endif
+
 namespace {
 
 struct LocaleName {
@@ -30,7 +36,8 @@ void PrintTo(const LocaleName& locale, std::ostream* out) {
 class Locales : public testing::TestWithParam<LocaleName> {
 protected:
     void SetUp() override {
-        const std::string& name = GetParam().name();
+        if (kHasSanitizer) GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
+        const std::string name = GetParam().name();
         const std::string command = std::string("localedef -i ") + GetParam().language + " -f " +
                                     GetParam().charset + " '" + folder_.path(name) +
                                     "' >/dev/null 2>&1";
