@@ -28,8 +28,7 @@ public:
     ColumnEncoder(const Byte* in, std::size_t size, Byte* out)
         : in_(in), size_(size), count_(size / sizeof(T)), chunks_(in, size, out) {}
 
-    std::size_t encode() {
-        const bool isFloat = isFloatBorn();
+    std::size_t encode(bool isFloat) {
         const bool isRepeating = isFloat && repeatsOften();
         for (std::size_t first = 1; first < count_; first += kPart) {
             const std::size_t last = std::min(count_, first + kPart);
@@ -38,7 +37,7 @@ public:
                 findByLower(first, last);
             else
                 isRepeating ? findByUpper<true>(first, last) : findByUpper<false>(first, last);
-            encodePart(first, last);
+            encodePart(first, last, isFloat);
         }
         return chunks_.finish();
     }
@@ -66,16 +65,6 @@ private:
         const std::size_t distance = i - place;
         place = static_cast<std::uint16_t>(i);
         return distance;
-    }
-
-    /// A double keeps 23 of its 52 bits when it comes from a float.
-    bool isFloatBorn() const {
-        if (kWidth < 8) return false;
-        std::size_t born = 0;
-        std::size_t looked = 0;
-        for (std::size_t i = 0; i < count_; i += count_ / 64 + 1, ++looked)
-            born += std::size_t((value(i) & 0x1FFFFFFF) == 0);
-        return 2 * born >= looked;
     }
 
     /// By a sample: whether values return that are not just those before.
@@ -135,7 +124,7 @@ private:
 
     /// References from the upper bytes of values on. The next index hangs on a reference's end only
     /// where it covers whole values.
-    void encodePart(std::size_t first, std::size_t last) {
+    void encodePart(std::size_t first, std::size_t last, bool isFloat) {
         LzfChunks chunks = chunks_;
         std::size_t i = std::max(first, chunks.place() / kWidth);
         // Behind the last value nothing is left to compare 8 bytes with.
@@ -157,7 +146,8 @@ private:
                 chunks.referenceIf(isTaken, start, end, distance);
             else if (isTaken)
                 chunks.reference(start, end, distance);
-            i = end / kWidth;
+            // Behind a reference that ends with a value the next may start with one.
+            i = isFloat || kWidth == 4 ? end / kWidth : std::max(i + 1, (end - 1) / kWidth);
         }
         chunks_ = chunks;
     }
@@ -174,12 +164,16 @@ private:
 
 }  // namespace
 
+std::size_t lzfEncodeFloatBorn(const Byte* in, std::size_t size, Byte* out) {
+    return ColumnEncoder<std::uint64_t>(in, size, out).encode(true);
+}
+
 std::size_t lzfEncodeDoubles(const Byte* in, std::size_t size, Byte* out) {
-    return ColumnEncoder<std::uint64_t>(in, size, out).encode();
+    return ColumnEncoder<std::uint64_t>(in, size, out).encode(false);
 }
 
 std::size_t lzfEncodeIntegers(const Byte* in, std::size_t size, Byte* out) {
-    return ColumnEncoder<std::uint32_t>(in, size, out).encode();
+    return ColumnEncoder<std::uint32_t>(in, size, out).encode(false);
 }
 
 }  // namespace zyr

@@ -62,6 +62,19 @@ std::uint64_t pattern(const Byte* to, std::size_t distance) {
     return load<std::uint64_t>(bytes.data());
 }
 
+/// Up to 8 bytes in moves of 8 in all.
+void copyShort(Byte* to, std::size_t distance) {
+    if (distance >= 8) {
+        move8(to, to - distance);
+    } else if (distance >= 4) {
+        move4(to, to - distance);
+        move4(to + 4, to + 4 - distance);
+    } else {
+        const std::uint64_t bytes = pattern(to, distance);
+        std::memcpy(to, &bytes, 8);
+    }
+}
+
 /// Up to 264 bytes in moves that may go 16 bytes beyond.
 void copyLong(Byte* to, std::size_t distance, std::size_t length) {
     const Byte* const end = to + length;
@@ -109,15 +122,7 @@ Place decodeInside(const Byte* const in, std::size_t inLen, Byte* const out, std
         if (length < 9) {
             const std::size_t distance = ((control & 31) << 8) + ip[1] + 1;
             if (distance > static_cast<std::size_t>(op - out)) break;
-            if (distance >= 8) {
-                move8(op, op - distance);
-            } else if (distance >= 4) {
-                move4(op, op - distance);
-                move4(op + 4, op + 4 - distance);
-            } else {
-                const std::uint64_t bytes = pattern(op, distance);
-                std::memcpy(op, &bytes, 8);
-            }
+            copyShort(op, distance);
             ip += 2;
         } else {
             length += ip[1];

@@ -1,0 +1,11 @@
+#include "MeshChecks.h"
+
+// Input: a triangle-mesh file.
+
+void fuzz::fuzzOne(Bytes input) {
+    static InputFile file;
+    const test::PlainHeader header(input);
+    if (header.number("POINTS") > kMostElements || header.number("FACES") > kMostElements) return;
+    file.fill(input);
+    for (const Flags flags : kAllFlags) checkMesh(file, header, flags);
+}

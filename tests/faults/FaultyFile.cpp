@@ -1,0 +1,86 @@
+#include "FaultyFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+
+#include "support/Guards.h"
+
+namespace {
+
+test::Faults faults;
+std::size_t numCalls = 0;
+int numOpen = 0;
+
+int descriptorOf(void* cookie) {
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(cookie));
+}
+
+bool fails(int error) {
+    const bool isFailure = numCalls++ >= faults.failAt;
+    if (isFailure) errno = error;
+    return isFailure;
+}
+
+ssize_t readSome(void* cookie, char* bytes, std::size_t size) {
+    if (fails(EIO)) return -1;
+    return read(descriptorOf(cookie), bytes, std::min(size, faults.step));
+}
+
+/// Step by step, each of which may be the last: a stream takes a short write for a failed one.
+ssize_t writeSome(void* cookie, const char* bytes, std::size_t size) {
+    for (std::size_t done = 0; done < size;) {
+        if (numCalls == faults.killAt) raise(SIGKILL);
+        if (fails(ENOSPC)) return 0;
+        const std::size_t step = std::min(size - done, faults.step);
+        if (write(descriptorOf(cookie), bytes + done, step) != static_cast<ssize_t>(step)) return 0;
+        done += step;
+    }
+    return static_cast<ssize_t>(size);
+}
+
+int seekTo(void* cookie, off64_t* position, int origin) {
+    const off64_t reached = lseek64(descriptorOf(cookie), *position, origin);
+    if (reached < 0) return -1;
+    *position = reached;
+    return 0;
+}
+
+int closeIt(void* cookie) {
+    --numOpen;
+    const int result = close(descriptorOf(cookie));
+    return faults.failsClose ? EOF : result;
+}
+
+std::FILE* openFaulty(const char* path, const char* mode) {
+    const int flags = mode[0] == 'r' ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
+    const int descriptor = open(path, flags | O_CLOEXEC, 0666);
+    if (descriptor < 0) return nullptr;
+    ++numOpen;
+    void* cookie = reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor));
+    return fopencookie(cookie, mode, {readSome, writeSome, seekTo, closeIt});
+}
+
+}  // namespace
+
+test::FaultyFiles::FaultyFiles(const Faults& wanted) {
+    faults = wanted;
+    numCalls = 0;
+    openThrough(openFaulty);
+}
+
+test::FaultyFiles::~FaultyFiles() {
+    openThrough(nullptr);
+}
+
+std::size_t test::FaultyFiles::calls() {
+    return numCalls;
+}
+
+int test::FaultyFiles::open() {
+    return numOpen;
+}

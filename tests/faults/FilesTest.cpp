@@ -1,0 +1,205 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "FaultyFile.h"
+#include "Formats.h"
+
+// Files that do not open, reads and writes that fail or are short, and processes that are killed
+// while they write: the stated results, and objects that go on working.
+
+using test::Bytes;
+using test::Content;
+using test::FaultyFiles;
+
+namespace {
+
+class FileFaults : public test::EachFormat {
+protected:
+    static void SetUpTestSuite() { test::catchStops(); }
+
+    bool load(Content& content, const std::string& path) const {
+        return GetParam().load(content, path.c_str(), true, true);
+    }
+    bool save(Content& content, const std::string& path) const {
+        return GetParam().save(content, path.c_str());
+    }
+    /// The result and all values of loading.
+    Bytes loaded(const std::string& path) const {
+        Content content;
+        const bool isLoaded = load(content, path);
+        return test::joined(Bytes(1, isLoaded), test::bytesOf(content));
+    }
+    /// Neither reading nor writing succeeds, and the objects are usable afterwards.
+    void expectUseless(const std::string& path) const {
+        Content content = test::sampleOf(GetParam());
+        const Bytes before = test::bytesOf(content);
+        EXPECT_FALSE(load(content, path));
+        EXPECT_FALSE(save(content, path));
+        EXPECT_TRUE(load(content, GetParam().samplePath()));
+        EXPECT_EQ(test::bytesOf(content), before);
+    }
+    std::string file(const std::string& name = "file") const { return folder_.path(name); }
+
+    test::TempFolder folder_;
+};
+
+void exitWith(bool isGood) {
+    std::_Exit(isGood && !testing::Test::HasFailure() ? 0 : 1);
+}
+
+/// Gives up the rights that root has over modes.
+void becomeNobody() {
+    if (geteuid() != 0) return;
+    if (setegid(65534) != 0 || seteuid(65534) != 0) std::_Exit(2);
+}
+
+}  // namespace
+
+TEST_P(FileFaults, PathsThatLeadNowhereGiveFalse) {
+    expectUseless(file("no-such-folder/file"));
+    expectUseless("");
+    expectUseless(std::string(5000, 'a'));
+    std::filesystem::create_symlink(file("loop"), file("loop"));
+    expectUseless(file("loop"));
+}
+
+TEST_P(FileFaults, AFolderGivesFalse) {
+    std::filesystem::create_directory(file("folder"));
+    expectUseless(file("folder"));
+}
+
+TEST_P(FileFaults, AFileWithoutRightsGivesFalse) {
+    namespace fs = std::filesystem;
+    fs::permissions(folder_.path(""), fs::perms::all);
+    test::writeFile(file(), {});
+    fs::permissions(file(), fs::perms::none);
+    const auto use = [&] {
+        Content content = test::sampleOf(GetParam());
+        becomeNobody();
+        exitWith(!load(content, file()) && !save(content, file()));
+    };
+    EXPECT_EXIT(use(), testing::ExitedWithCode(0), "");
+}
+
+TEST_P(FileFaults, WithoutDescriptorsTheResultIsFalseUntilThereAreSome) {
+    // Nothing of the test itself is called without descriptors, which the sanitizers take to look
+    // at it.
+    const test::Format format = GetParam();
+    const std::string sample = format.samplePath();
+    const std::string target = file();
+    const auto use = [&] {
+        Content content = test::sampleOf(format);
+        const auto load = [&] { return format.load(content, sample.c_str(), true, true); };
+        const auto save = [&] { return format.save(content, target.c_str()); };
+        rlimit limit{};
+        getrlimit(RLIMIT_NOFILE, &limit);
+        const rlimit none{0, limit.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+        const bool isRefused = !load() && !save();
+        setrlimit(RLIMIT_NOFILE, &limit);
+        exitWith(isRefused && load() && save());
+    };
+    EXPECT_EXIT(use(), testing::ExitedWithCode(0), "");
+}
+
+TEST_P(FileFaults, ReadsThatAreShortChangeNothing) {
+    const Bytes whole = loaded(GetParam().samplePath());
+    EXPECT_EQ(whole[0], 1);
+    for (const std::size_t step : {1U, 2U, 7U, 64U}) {
+        const FaultyFiles faulty({step});
+        EXPECT_EQ(loaded(GetParam().samplePath()), whole) << step;
+        EXPECT_GT(FaultyFiles::calls(), 1U);
+    }
+}
+
+TEST_P(FileFaults, AReadThatFailsIsTheEndOfTheFile) {
+    const Bytes whole = test::readFile(GetParam().samplePath());
+    constexpr std::size_t kStep = 3;
+    for (std::size_t n = 0; n * kStep < whole.size(); ++n) {
+        test::writeFile(file(), test::prefix(whole, n * kStep));
+        const Bytes cut = loaded(file());
+        const FaultyFiles faulty({kStep, n});
+        EXPECT_EQ(loaded(GetParam().samplePath()), cut) << n;
+    }
+    EXPECT_EQ(FaultyFiles::open(), 0);
+}
+
+TEST_P(FileFaults, AWriteThatFailsIsNoticedWhereStated) {
+    Content content = test::sampleOf(GetParam());
+    const Bytes before = test::bytesOf(content);
+    std::size_t failures = 0;
+    for (bool isReached = true; isReached; ++failures) {
+        const FaultyFiles faulty({16, failures});
+        const bool isSaved = save(content, file());
+        isReached = FaultyFiles::calls() > failures;
+        EXPECT_EQ(isSaved, !isReached || !GetParam().noticesWriteFaults) << failures;
+    }
+    EXPECT_GT(failures, 5U);
+    EXPECT_EQ(FaultyFiles::open(), 0);
+    EXPECT_EQ(test::bytesOf(content), before);
+}
+
+TEST_P(FileFaults, ACloseThatFailsIsNoticedWhereStated) {
+    Content content = test::sampleOf(GetParam());
+    test::Faults faults;
+    faults.failsClose = true;
+    const FaultyFiles faulty(faults);
+    EXPECT_EQ(save(content, file()), !GetParam().noticesWriteFaults);
+    EXPECT_EQ(FaultyFiles::open(), 0);
+}
+
+TEST_P(FileFaults, AFullDiskIsNoticedWhereStated) {
+    if (!test::fileExists("/dev/full")) GTEST_SKIP() << "no /dev/full";
+    std::filesystem::create_symlink("/dev/full", file());
+    Content content = test::sampleOf(GetParam());
+    EXPECT_EQ(save(content, file()), !GetParam().noticesWriteFaults);
+}
+
+TEST_P(FileFaults, AFileBeyondTheLimitOfItsSizeIsNoticedWhereStated) {
+    const auto use = [&](rlim_t most) {
+        Content content = test::sampleOf(GetParam());
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{most, most};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        exitWith(save(content, file()) == !GetParam().noticesWriteFaults);
+    };
+    for (const rlim_t most : {rlim_t(0), rlim_t(1), rlim_t(71), rlim_t(113)})
+        EXPECT_EXIT(use(most), testing::ExitedWithCode(0), "") << most;
+}
+
+TEST_P(FileFaults, WhatAKilledProcessLeavesIsReadLikeAnyOtherFile) {
+    Content content = test::sampleOf(GetParam());
+    std::size_t kills = 0;
+    for (bool isKilled = true; isKilled; ++kills) {
+        const auto saveAndDie = [&] {
+            test::Faults faults;
+            faults.step = 32;
+            faults.killAt = kills;
+            const FaultyFiles faulty(faults);
+            save(content, file());
+            std::_Exit(0);
+        };
+        const int status = [&] {
+            const pid_t child = fork();
+            if (child == 0) saveAndDie();
+            int result = 0;
+            waitpid(child, &result, 0);
+            return result;
+        }();
+        isKilled = WIFSIGNALED(status);
+        const Bytes left = test::readFile(file());
+        fuzz::InputFile torn;
+        torn.fill(left);
+        for (const fuzz::Flags flags : fuzz::kAllFlags)
+            EXPECT_NO_THROW(GetParam().check(torn, left, flags)) << kills;
+    }
+    EXPECT_GT(kills, 3U);
+    EXPECT_EQ(loaded(file()), loaded(GetParam().samplePath()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, FileFaults, testing::ValuesIn(test::formats()), test::formatName);
