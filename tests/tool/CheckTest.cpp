@@ -1,6 +1,3 @@
-#include <cmath>
-#include <sstream>
-
 #include "Program.h"
 #include "support/CloudFile.h"
 #include "support/MeshFile.h"
@@ -17,13 +14,6 @@ struct Case {
     std::string answer;
 };
 
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
-
 class Check : public test::Tool {
 protected:
     /// All in one run, in order.
@@ -34,7 +24,7 @@ protected:
             test::writeFile(path(std::to_string(i) + "." + suffix), cases[i].bytes);
         }
         const test::Result result = run("check" + names);
-        const std::vector<std::string> lines = linesOf(result.out);
+        const std::vector<std::string> lines = test::linesOf(result.out);
         EXPECT_EQ(result.err, "");
         ASSERT_EQ(lines.size(), cases.size()) << result.out;
         for (std::size_t i = 0; i < cases.size(); ++i)
@@ -49,7 +39,7 @@ protected:
                             test::prefix(bytes, size));
         const test::Result result = run("check -j 2 1*." + suffix);
         EXPECT_EQ(result.exitCode, 1) << file;
-        const std::vector<std::string> lines = linesOf(result.out);
+        const std::vector<std::string> lines = test::linesOf(result.out);
         ASSERT_EQ(lines.size(), bytes.size()) << file;
         for (std::size_t size = 0; size < bytes.size(); ++size) {
             const std::size_t at = lines[size].find(": invalid at byte ");
@@ -276,7 +266,7 @@ TEST_F(Check, GoldenFilesAreValidButForTheirBadCorners) {
     EXPECT_EQ(run("check " ZYR_GOLDEN_DIR "/rangeimage/*.zrt").exitCode, 0);
     // Their second triangle names vertex -1 to show that readers keep it.
     const test::Result result = run("check " ZYR_GOLDEN_DIR "/mesh/*.ztmt");
-    for (const std::string& line : linesOf(result.out))
+    for (const std::string& line : test::linesOf(result.out))
         EXPECT_NE(line.find("triangle 1 names vertex -1 of 4"), std::string::npos) << line;
 }
 
@@ -287,89 +277,6 @@ TEST_F(Check, NoPrefixOfAGoldenFileIsValid) {
         expectNoPrefixIsValid(std::string(ZYR_GOLDEN_DIR "/") + name, "ztmt");
     for (const char* name : {"rangeimage/type6.zrt", "rangeimage/type2_bgr.zrt"})
         expectNoPrefixIsValid(std::string(ZYR_GOLDEN_DIR "/") + name, "zrt");
-}
-
-TEST_F(Check, ForeignFilesAreReadByTheirReaders) {
-    test::writeText(path("good.xyz"), "1 2 3\n4 5 6\n");
-    test::writeText(path("bad.ply"), "ply\nformat ascii 1.0\n");
-    const test::Result result = run("check good.xyz bad.ply");
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(linesOf(result.out)[0], "good.xyz: valid: point cloud, 2 points, 0 holes");
-    EXPECT_EQ(linesOf(result.out)[1].rfind("bad.ply: invalid at byte ", 0), 0u) << result.out;
-}
-
-TEST_F(Check, ForeignFaultsHaveTheirByte) {
-    const std::string ply =
-        "ply\nformat binary_little_endian 1.0\nelement vertex 1\nproperty float x\n"
-        "property float y\nproperty float z\nend_header\n";
-    const std::string pcd =
-        "FIELDS x y z\nSIZE 4 4 4\nTYPE F F F\nWIDTH 1\nHEIGHT 1\nPOINTS 1\n"
-        "DATA ascii\n";
-    const std::string twelve(12, '\1'), stl = std::string(80, ' ') + std::string("\1\0\0\0", 4);
-    const auto at = [](std::size_t byte) {
-        return "invalid at byte " + std::to_string(byte) + ": ";
-    };
-    struct Sample {
-        const char* name;
-        std::string bytes, answer;
-    };
-    const std::vector<Sample> cases = {
-        {"a.ply", ply + twelve + "junk", at(ply.size() + 12) + "4 bytes behind the end"},
-        {"b.ply", ply + "12345", at(ply.size() + 5) + "cut short: "},
-        {"c.stl", stl + std::string(50, '\1') + "junk", at(134) + "4 bytes behind the end"},
-        {"d.stl", stl + "12345", at(89) + "cut short: "},
-        {"e.pcd", pcd + "1 2 3\njunk\n", at(pcd.size() + 6) + "5 bytes behind the end"},
-        {"f.pcd", pcd + "1 2 q\n", at(pcd.size()) + "line 1 of the points: not a number: "},
-        {"g.obj", "v 1 2 3\nv 4 5 6\nv 7 8 0\nf 1 2 9\n",
-         at(24) + "line 4: a face names vertex 9 of 3"},
-        {"h.xyz", "1 2 3\n4 5\n", at(6) + "line 2: fewer columns than before"},
-        {"i.xyz",
-         "\xEF\xBB\xBF"
-         "1 2 3\n4 5\n",
-         at(9) + "line 2: fewer columns than before"}};
-    for (const Sample& each : cases) {
-        test::writeText(path(each.name), each.bytes);
-        const test::Result result = run(std::string("check ") + each.name);
-        EXPECT_EQ(result.exitCode, 1) << each.name;
-        EXPECT_EQ(result.out.rfind(each.name + (": " + each.answer), 0), 0u) << result.out;
-    }
-}
-
-TEST_F(Check, PicturesEndWhereTheirFilesDo) {
-    for (const char* name : {"a.png", "a.jpg"}) {
-        cv::imwrite(path(name), cv::Mat(64, 64, CV_8UC3, cv::Scalar(1, 2, 3)));
-        EXPECT_EQ(run(std::string("check ") + name).exitCode, 0) << name;
-    }
-    const std::string png = test::readText(path("a.png")), jpeg = test::readText(path("a.jpg"));
-    test::writeText(path("more.png"), png + "junk");
-    test::writeText(path("more.jpg"), jpeg + "junk");
-    test::writeText(path("cut.jpg"), jpeg.substr(0, jpeg.size() - 9));
-    const std::vector<std::string> lines = linesOf(run("check more.png more.jpg cut.jpg").out);
-    const auto at = [](std::size_t byte) { return ": invalid at byte " + std::to_string(byte); };
-    EXPECT_EQ(lines[0], "more.png" + at(png.size()) + ": 4 bytes behind the end");
-    EXPECT_EQ(lines[1].rfind("more.jpg" + at(jpeg.size() + 4) + ": no end mark here", 0), 0u);
-    EXPECT_EQ(lines[2].rfind("cut.jpg" + at(jpeg.size() - 9) + ": no end mark here", 0), 0u);
-}
-
-TEST_F(Check, PicturesAreDecoded) {
-    cv::imwrite(path("good.png"), cv::Mat(2, 3, CV_16UC1, cv::Scalar(7)));
-    test::writeText(path("bad.png"), "no picture");
-    const test::Result result = run("check good.png bad.png");
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out,
-              "good.png: valid: picture, 3 x 2, 0 holes\n"
-              "bad.png: invalid: not a picture that can be read\n");
-}
-
-TEST_F(Check, ZeroIsAHoleOfUnsignedCountsOf16BitsAlone) {
-    const cv::Mat values = (cv::Mat_<float>(1, 4) << 0, 5, std::nanf(""), INFINITY);
-    cv::imwrite(path("float.tif"), values);
-    cv::imwrite(path("byte.png"), cv::Mat(1, 4, CV_8UC1, cv::Scalar(0)));
-    cv::imwrite(path("count.png"), cv::Mat(1, 4, CV_16UC1, cv::Scalar(0)));
-    const std::vector<std::string> lines = linesOf(run("check float.tif byte.png count.png").out);
-    EXPECT_EQ(lines[0], "float.tif: valid: picture, 4 x 1, 2 holes (50.0 %)");
-    EXPECT_EQ(lines[1], "byte.png: valid: picture, 4 x 1, 0 holes");
-    EXPECT_EQ(lines[2], "count.png: valid: picture, 4 x 1, 4 holes (100.0 %)");
 }
 
 TEST_F(Check, FilesThatCannotBeReadAreFileTrouble) {
@@ -386,12 +293,14 @@ TEST_F(Check, AnswersInJson) {
         run("check --json bad.zpt none.zpt " ZYR_GOLDEN_DIR "/rangeimage/type0.zrt");
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_EQ(
-        linesOf(result.out)[0],
+        test::linesOf(result.out)[0],
         R"({"file":"bad.zpt","valid":false,"offset":132,"fault":"cut short: no channel count"})");
-    EXPECT_EQ(linesOf(result.out)[1], R"({"file":"none.zpt","error":"none.zpt: no such file"})");
-    EXPECT_EQ(linesOf(result.out)[2], R"({"file":")" ZYR_GOLDEN_DIR
-                                      R"(/rangeimage/type0.zrt","valid":true,"kind":"range image",)"
-                                      R"("size":[3,2],"holes":0})");
+    EXPECT_EQ(test::linesOf(result.out)[1],
+              R"({"file":"none.zpt","error":"none.zpt: no such file"})");
+    EXPECT_EQ(test::linesOf(result.out)[2],
+              R"({"file":")" ZYR_GOLDEN_DIR
+              R"(/rangeimage/type0.zrt","valid":true,"kind":"range image",)"
+              R"("size":[3,2],"holes":0})");
 }
 
 }  // namespace

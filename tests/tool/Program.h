@@ -8,7 +8,9 @@
 #include <filesystem>
 #include <opencv2/imgcodecs.hpp>
 #include <random>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "ZyrPointCloud.h"
 #include "support/Bytes.h"
@@ -23,6 +25,13 @@ inline std::string readText(const std::string& path) {
 
 inline void writeText(const std::string& path, const std::string& text) {
     writeFile(path, toBytes(text));
+}
+
+inline std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
 }
 
 struct Result {
