@@ -76,7 +76,8 @@ std::vector<std::uint32_t> colourWords(const std::vector<Byte>& bgr) {
     return words;
 }
 
-/// The counter "bytes" is the stream's size, "ratio" that over liblzf's.
+/// The counter "item" holds the seconds of a value, "bytes" the stream's size, "ratio" that over
+/// liblzf's.
 void add(const SharedSet& set, const std::string& operation, const std::string& competitor,
          const std::function<std::size_t(Bytes&)>& call, bool isEncoding) {
     const auto run = [=](benchmark::State& state) {
@@ -89,6 +90,9 @@ void add(const SharedSet& set, const std::string& operation, const std::string& 
         if (!isEncoding && std::memcmp(out.data(), set->bytes.data(), set->bytes.size()) != 0)
             state.SkipWithError("other bytes");
         state.SetBytesProcessed(static_cast<std::int64_t>(set->bytes.size()) * state.iterations());
+        state.counters["item"] = benchmark::Counter(
+            static_cast<double>(set->bytes.size() / set->width),
+            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
         if (!isEncoding) return;
         state.counters["bytes"] = static_cast<double>(size);
         state.counters["ratio"] =

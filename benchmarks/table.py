@@ -12,10 +12,12 @@ import pathlib
 import sys
 
 # What must hold: the peer's time over ours, the size over the peer's at the most (None: any), or
-# ours alone in ns an item. The first that fits a row counts.
+# ours alone in ns an item. The first that fits a row counts. Of entropy 1.013 is 1.035 times the
+# bytes as they are.
 MUST_RATIO = [
     ("decode*", "*", "liblzf", 1.0, None),
-    ("encode", "entropy-xyz", "liblzf", 3, None), ("encode", "constant-xyz", "liblzf", 4, None),
+    ("encode", "entropy-xyz", "liblzf", 3, 1.013), ("encode", "constant-xyz", "liblzf", 4, None),
+    ("encode", "milk-xyz", "liblzf", 0.9, 1.01), ("encode", "frag115-xyz", "liblzf", 0.9, 1.01),
     ("encode", "autzen-xyz", "liblzf", 0.7, 1.01), ("encode", "decimals-xyz", "liblzf", 0.7, 1.01),
     ("encode", "sheet-*", "liblzf", 0.7, 1.01), ("encode", "*-colours", "liblzf", 0.7, 1.01),
     ("encode", "*-faces", "liblzf", 0.7, 1.01), ("encode", "rgbd-rows", "liblzf", 1.0, 0.93),
@@ -48,7 +50,9 @@ def read(folder):
     sizes = collections.defaultdict(dict)
     for path in sorted(folder.glob("*.json")):
         samples = collections.defaultdict(list)
-        for run in json.loads(path.read_text())["benchmarks"]:
+        runs = json.loads(path.read_text())["benchmarks"]
+        # Random interleaving leaves them in no order.
+        for run in sorted(runs, key=lambda run: run.get("family_index", 0)):
             if run.get("run_type") == "iteration" and not run.get("error_occurred"):
                 operation, data, competitor = run["name"].split("/")[:3]
                 samples[operation, data, competitor].append(run)
@@ -103,12 +107,13 @@ def mean(ratios):
 
 
 def table(all_rows):
-    yield (f"{'operation':24}{'data':28}{'peer':26}{'ours ns':>10}{'peer ns':>10}{'ratio':>8}"
+    yield "Times are ns of a point, pixel, value or element, or of a call; sizes are ours over theirs"
+    yield (f"{'operation':24}{'data':28}{'peer':26}{'ours ns':>12}{'peer ns':>12}{'ratio':>8}"
            f"{'size':>7}  must")
     for r in all_rows:
         size = "" if r["size"] is None else f"{r['size']:.3f}"
-        yield (f"{r['operation']:24}{r['data']:28}{r['peer']:26}{r['ours'] * 1e9:10.2f}"
-               f"{r['theirs'] * 1e9:10.2f}{r['ratio']:8.2f}{size:>7}  {r['must']}").rstrip()
+        yield (f"{r['operation']:24}{r['data']:28}{r['peer']:26}{r['ours'] * 1e9:12.2f}"
+               f"{r['theirs'] * 1e9:12.2f}{r['ratio']:8.2f}{size:>7}  {r['must']}").rstrip()
     yield ""
     yield "Geometric means of the ratios (above 1: we are faster)"
     for (operation, peer), ratios in grouped(all_rows).items():
@@ -166,7 +171,7 @@ def draw(all_rows, path):
 
 def main():
     folder = pathlib.Path(sys.argv[1])
-    all_rows = list(rows(*read(folder)))
+    all_rows = sorted(rows(*read(folder)), key=lambda row: row["operation"])
     if not all_rows:
         sys.exit("table: no results")
     text = "\n".join(table(all_rows)) + "\n"

@@ -11,16 +11,20 @@
 // Neighbouring values of a column share their upper bytes, doubles born as floats their lower ones
 // too, and decimals their lower ones with a value somewhere before. So a reference runs from the
 // upper bytes of a value into the lower bytes of the next, and is looked for once a value. First,
-// for a part of the block, each value's distance: tables hold where the value's upper bits (lower
-// bits) were last, and the candidate that differs least wins, without a branch. Then the references
-// are written. What tables hold may be stale; candidates are compared with the data, so that this
-// costs bytes only. No data take more than lzfWorstCase: a reference replaces 3 literals or more by
-// 2 bytes and the control byte of the next run.
+// for a part of the block, each value's distance: tables hold where the value's upper bits, its
+// lower bits, or it and the next value were last; what returns whole goes before the candidate that
+// differs least, all without a branch. Then the references are written. What tables hold may be
+// stale; candidates are compared with the data, so that this costs bytes only. No data take more
+// than lzfWorstCase: a reference replaces 3 literals or more by 2 bytes and the control byte of the
+// next run.
 
 namespace zyr {
 namespace {
 
 constexpr std::size_t kPart = 256;
+
+/// Parts that are passed unseen at a time where nothing is found.
+constexpr std::size_t kMostPassed = 8;
 
 template <class T>
 class ColumnEncoder {
@@ -29,15 +33,19 @@ public:
         : in_(in), size_(size), count_(size / sizeof(T)), chunks_(in, size, out) {}
 
     std::size_t encode(bool isFloat) {
-        const bool isRepeating = isFloat && repeatsOften();
-        for (std::size_t first = 1; first < count_; first += kPart) {
+        const bool isRepeating = isFloat && repeatsInPairs();
+        std::size_t barren = 0;  // values in a row without a reference
+        for (std::size_t first = 1; first < count_; first += kPart + passed(barren)) {
             const std::size_t last = std::min(count_, first + kPart);
-            if (encodeConstant(first, last)) continue;
-            if (!isFloat)
-                findByLower(first, last);
-            else
-                isRepeating ? findByUpper<true>(first, last) : findByUpper<false>(first, last);
-            encodePart(first, last, isFloat);
+            const std::size_t place = chunks_.place();
+            if (!encodeConstant(first, last)) {
+                if (isFloat)
+                    isRepeating ? findByUpper<true>(first, last) : findByUpper<false>(first, last);
+                else
+                    kWidth == 4 ? findWhole(first, last) : findByLower(first, last);
+                encodePart(first, last, isFloat);
+            }
+            barren = place == chunks_.place() ? barren + kPart : 0;
         }
         return chunks_.finish();
     }
@@ -46,8 +54,14 @@ private:
     static constexpr std::size_t kWidth = sizeof(T);
     static constexpr unsigned kAll = 8 * sizeof(T);
     static constexpr std::size_t kReach = 8192 / sizeof(T);
-    static constexpr unsigned kBits = 11;
+    static constexpr unsigned kBits = 12;
+    static constexpr std::uint64_t kMix = 0x9E3779B97F4A7C15;
     using Places = std::array<std::uint16_t, 1 << kBits>;
+
+    /// Values to pass unseen: none before nothing was found in all that is in reach.
+    static std::size_t passed(std::size_t barren) {
+        return std::min(barren / kReach, kMostPassed) * kPart;
+    }
 
     T value(std::size_t i) const {
         T result;
@@ -55,9 +69,7 @@ private:
         return lzfLittle(result);
     }
 
-    static std::size_t key(std::uint64_t bits) {
-        return (bits * 0x9E3779B97F4A7C15) >> (64 - kBits);
-    }
+    static std::size_t key(std::uint64_t bits) { return (bits * kMix) >> (64 - kBits); }
 
     /// The distance to the key's last value, which becomes value i.
     static std::size_t exchange(Places& places, std::uint64_t bits, std::size_t i) {
@@ -67,16 +79,28 @@ private:
         return distance;
     }
 
-    /// By a sample: whether values return that are not just those before.
-    bool repeatsOften() {
+    /// All bits where a distance is out of reach.
+    static std::uint64_t isFar(std::size_t distance) {
+        return -std::uint64_t(distance - 1 >= kReach);
+    }
+
+    /// How far back the value and the one behind it were last, both; 0 if they were not.
+    std::size_t pairDistance(std::size_t i) {
+        const std::size_t j = std::min(i + 1, count_ - 1);
+        const std::size_t distance = exchange(pairs_, value(i) * kMix + value(j), i);
+        const std::uint64_t differs =
+            (value(i) ^ value(i - distance)) | (value(j) ^ value(j - distance));
+        return (differs | isFar(distance)) == 0 ? distance : 0;
+    }
+
+    /// By a sample: whether values return two at a time that are not just those before.
+    bool repeatsInPairs() {
         const std::size_t first = count_ / 2;
-        const std::size_t last = std::min(count_, first + 1024);
+        const std::size_t last = std::min(count_ - 1, first + 1024);
         std::size_t often = 0;
-        for (std::size_t i = first + 1; i < last; ++i) {
-            const std::size_t distance = exchange(whole_, value(i) >> (kAll - 32), i);
-            often += std::size_t(value(i - distance) == value(i) && value(i - 1) != value(i));
-        }
-        return often * 16 >= last - first;
+        for (std::size_t i = first + 1; i < last; ++i)
+            often += std::size_t(pairDistance(i) > 0 && value(i) != value(i - 1));
+        return often * 16 > last - first;
     }
 
     /// A part whose values are all the one before takes a few references.
@@ -93,8 +117,7 @@ private:
     /// reach comes last.
     std::uint64_t rank(std::size_t i, std::size_t distance) const {
         constexpr std::uint64_t kDistance = 2047;
-        const std::uint64_t isFar = -std::uint64_t(distance - 1 >= kReach);
-        return ((value(i) ^ value(i - distance)) & ~kDistance) | distance | isFar;
+        return ((value(i) ^ value(i - distance)) & ~kDistance) | distance | isFar(distance);
     }
 
     template <bool isRepeating>
@@ -104,7 +127,8 @@ private:
             std::uint64_t best = rank(i, 1);
             best = std::min(best, rank(i, exchange(coarse_, bits >> 48, i)));
             best = std::min(best, rank(i, exchange(fine_, bits >> 40, i)));
-            if (isRepeating) best = std::min(best, rank(i, exchange(whole_, bits >> 32, i)));
+            const std::size_t pair = isRepeating ? pairDistance(i) : 0;
+            best = pair > 0 ? pair : best;
             distances_[i - first] = static_cast<std::uint16_t>(best & 2047);
         }
     }
@@ -114,16 +138,29 @@ private:
         for (std::size_t k = first; k < last; ++k) {
             const std::size_t i = std::min(k + 1, count_ - 1);
             const std::uint64_t bits = value(i);
-            const std::size_t lower = exchange(coarse_, bits << (64 - kAll / 2), i);
-            const std::size_t whole = exchange(whole_, bits, i);
-            const std::size_t best = value(i - whole) == bits && whole - 1 < kReach ? whole : lower;
-            const bool isNear = best - 1 < std::min(kReach, k);
-            distances_[k - first] = static_cast<std::uint16_t>(isNear ? best : 1);
+            const std::size_t lower = exchange(coarse_, bits << 32, i);
+            const std::size_t whole = exchange(fine_, bits, i);
+            const std::uint64_t differs = value(i - whole) ^ bits;
+            keep(first, k, (differs | isFar(whole)) == 0 ? whole : lower);
         }
     }
 
-    /// References from the upper bytes of values on. The next index hangs on a reference's end only
-    /// where it covers whole values.
+    /// The next value's distance for all of it.
+    void findWhole(std::size_t first, std::size_t last) {
+        for (std::size_t k = first; k < last; ++k) {
+            const std::size_t i = std::min(k + 1, count_ - 1);
+            keep(first, k, exchange(fine_, value(i), i));
+        }
+    }
+
+    /// Value k's distance: the next value's, or 1 where that does not lie behind the start.
+    void keep(std::size_t first, std::size_t k, std::size_t distance) {
+        const bool isNear = distance - 1 < std::min(kReach, k);
+        distances_[k - first] = static_cast<std::uint16_t>(isNear ? distance : 1);
+    }
+
+    /// References from the upper bytes of values on. A double's next index hangs on a reference's
+    /// end only where that covers whole values, so that the processor need not wait for it.
     void encodePart(std::size_t first, std::size_t last, bool isFloat) {
         LzfChunks chunks = chunks_;
         std::size_t i = std::max(first, chunks.place() / kWidth);
@@ -138,16 +175,19 @@ private:
                 lzfEqualLast(std::uint64_t(value(i) ^ value(i - d)) << (64 - kAll));
             const std::size_t start = std::max(middle - std::min(upper, kWidth), chunks.place());
             std::size_t end = middle + lzfEqualFirst(lower, distance);
-            if (end == middle + 8)
+            std::size_t next = kWidth == 4 ? end / kWidth : i + 1;
+            if (end == middle + 8) {
                 end = lzfExtended(in_, end, std::min(size_, start + 256), distance);
+                // Behind a reference that ends with a value the next may start with one.
+                next = (isFloat || kWidth == 4 ? end : end - 1) / kWidth;
+            }
             const std::size_t length = end - start;
             const bool isTaken = length + std::size_t(start == chunks.place()) >= 4;
             if (kWidth == 4)
                 chunks.referenceIf(isTaken, start, end, distance);
             else if (isTaken)
                 chunks.reference(start, end, distance);
-            // Behind a reference that ends with a value the next may start with one.
-            i = isFloat || kWidth == 4 ? end / kWidth : std::max(i + 1, (end - 1) / kWidth);
+            i = next;
         }
         chunks_ = chunks;
     }
@@ -156,9 +196,9 @@ private:
     std::size_t size_;
     std::size_t count_;
     LzfChunks chunks_;
-    Places coarse_{};
-    Places fine_{};
-    Places whole_{};
+    Places coarse_{};  ///< by a few upper bits, or by the lower half
+    Places fine_{};    ///< by more upper bits, or by all
+    Places pairs_{};   ///< by a value and the next
     std::array<std::uint16_t, kPart> distances_;
 };
 

@@ -30,11 +30,19 @@ bool areFloatBorn(const Byte* in, std::size_t size) {
     return 8 * born >= 7 * looked;
 }
 
-/// Noise hides that three values return, but seldom that bytes do.
+/// Whether three values seldom return in what has been encoded.
+bool isNoisy(std::size_t size, std::size_t encoded) {
+    return 10 * encoded >= 9 * size;
+}
+
+/// Noise hides that values return, but seldom that bytes do; by a sample, and by the result.
 std::size_t encodeShorts(const Byte* in, std::size_t size, Byte* out) {
+    const std::size_t sample = size / 64 * 2;
+    if (sample >= 1024 && isNoisy(sample, lzfEncodeShorts(in + size / 4 * 2, sample, out)))
+        return lzfEncodeNoisyShorts(in, size, out);
     const std::size_t values = lzfEncodeShorts(in, size, out);
-    if (10 * values < 9 * size) return values;
-    const std::size_t bytes = lzfEncodeBytes(in, size, out);
+    if (!isNoisy(size, values)) return values;
+    const std::size_t bytes = lzfEncodeNoisyShorts(in, size, out);
     return bytes <= values ? bytes : lzfEncodeShorts(in, size, out);
 }
 

@@ -66,6 +66,8 @@ std::size_t encode(const Byte* in, std::size_t size, Byte* out) {
         chunks.reference(ip - equalBefore(in, ip, distance, ip - chunks.place()), end, distance);
         if (end > last) break;
         const std::size_t tail = (end - 1) / step * step;
+        // Long references are worth a place more.
+        if (step == 1 && length == 8) positions.exchange(lzfLoad8(in + tail - 2), tail - 2);
         positions.exchange(lzfLoad8(in + tail - step), tail - step);
         positions.exchange(lzfLoad8(in + tail), tail);
         ip = tail + step;
@@ -81,6 +83,10 @@ std::size_t lzfEncodeBytes(const Byte* in, std::size_t size, Byte* out) {
 
 std::size_t lzfEncodeShorts(const Byte* in, std::size_t size, Byte* out) {
     return encode<2, 13, 6, 4>(in, size, out);
+}
+
+std::size_t lzfEncodeNoisyShorts(const Byte* in, std::size_t size, Byte* out) {
+    return encode<1, 14, 4, 3>(in, size, out);
 }
 
 }  // namespace zyr

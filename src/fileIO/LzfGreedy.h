@@ -11,4 +11,7 @@ std::size_t lzfEncodeBytes(const Byte* in, std::size_t size, Byte* out);
 /// 16-bit values, three at a time.
 std::size_t lzfEncodeShorts(const Byte* in, std::size_t size, Byte* out);
 
+/// 16-bit values of which three seldom return: their bytes, four at a time.
+std::size_t lzfEncodeNoisyShorts(const Byte* in, std::size_t size, Byte* out);
+
 }  // namespace zyr

@@ -108,6 +108,18 @@ TEST(LZF, CompressesAsItsTextWordsIt) {
         EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << name;
 }
 
+TEST(LZF, WhatIsFarBackIsNotTakenForNear) {
+    // Inside long matches nothing is remembered, so that the same bytes are met again later, with
+    // their last remembered place many times 4096 bytes back.
+    for (unsigned seed = 1; seed < 5; ++seed) {
+        std::mt19937 random(seed);
+        Bytes data = test::repeated(test::randomBytes(4096, 256, seed), 300000);
+        for (std::size_t i = 0; i < data.size(); i += 1 + random() % 1000)
+            data[i] = static_cast<unsigned char>(random());
+        EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << seed;
+    }
+}
+
 TEST(LZF, ChunksKeepToTheParameters) {
     for (const auto& [name, data] : test::madeData())
         for (const test::Chunk& chunk : test::chunksOf(lzfCompressed(data))) {
