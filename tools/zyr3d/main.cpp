@@ -12,6 +12,7 @@
 #include "convert.h"
 #include "demo.h"
 #include "diff.h"
+#include "files/Temporaries.h"
 #include "info.h"
 #include "render.h"
 
@@ -56,6 +57,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
     zyr::prepareStandardStreams();
+    zyr::removeTemporariesOnSignals();
     return zyr::run(argc, argv);
 } catch (const zyr::ReaderGone&) {
     return zyr::kFileTrouble;
