@@ -67,11 +67,11 @@ TEST_F(RenderCommand, ColoursAreShownWhereTheFileHasThemAndHeightsWhereNot) {
 }
 
 TEST_F(RenderCommand, ColoursThatAreNotThereAreSaidToBeSoAndHeightsAreShown) {
-    const test::Result result = run("render block.ztmt out.png --size 160x120 --color rgb");
+    const test::Result result = run("render map.zrt out.png --size 160x120 --color rgb");
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.err, "zyr3d: block.ztmt: has no colours; drawn by height\n");
+    EXPECT_EQ(result.err, "zyr3d: map.zrt: has no colours; drawn by height\n");
     const cv::Mat drawn = cv::imread(path("out.png"));
-    EXPECT_TRUE(isSame(drawn, draw("block.ztmt --color height")));
+    EXPECT_TRUE(isSame(drawn, draw("map.zrt --color height")));
 }
 
 TEST_F(RenderCommand, BackgroundIsTheColourThatIsAskedFor) {
