@@ -8,7 +8,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
 {
-    sed "s|^LIBDIR/|$libdir/|" "$here/manifest.txt"
+    sed "s|^[^ ]* ||; s|^LIBDIR/|$libdir/|" "$here/manifest.txt"
     find "$here/../../docs/man" -name '*.1' -printf 'share/man/man1/%f.gz\n' 2>/dev/null || true
 } | LC_ALL=C sort >"$folder/expected"
 cmake --install "$built" --prefix "$folder/installed" >/dev/null

@@ -110,7 +110,7 @@ TEST(ReadPcd, FaultsNameTheirPlace) {
     test::expectFault(readPcd, pcd("a b c", "4 4 4", "F F F", "1 1 1", "1x1", "ascii") + "1 2 3",
                       "no fields x, y and z");
     test::expectFault(readPcd, "POINTS 3\n" + xyzPcd("1x2", "ascii"), "not WIDTH times HEIGHT");
-    test::expectFault(readPcd, xyzPcd("1x2", "ascii") + "1 2 3\n4 5 z\n", "line 2 of the points");
+    test::expectFault(readPcd, xyzPcd("1x2", "ascii") + "1 2 3\n4 5 z\n", "line 12: not a number");
     test::expectFault(readPcd, xyzPcd("1x2", "ascii") + "1 2 3 4 5\n6\n",
                       "fewer values than fields");
     test::expectFault(readPcd, xyzPcd("1x1", "ascii") + "#1 2 3\n", "cut short: 0 of 1 points");

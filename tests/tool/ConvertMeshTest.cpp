@@ -133,8 +133,10 @@ TEST(ReadObj, FaultsNameTheirPlace) {
     test::expectFault(readObj, kVertices + "f 1 2 0\n", "line 5: not an index: \"0\"");
     test::expectFault(readObj, kVertices + "f 1 2 99999999999999999999\n", "not an index");
     test::expectFault(readObj, kVertices + "f 1 2 5\n", "names vertex 5 of 4");
-    test::expectFault(readObj, kVertices + "f 1 2 -5\n", "names vertex before the first of 4");
-    test::expectFault(readObj, kVertices + "vn 0 0 1\nf 1//1 2//1 3//2\n", "a normal that is not");
+    test::expectFault(readObj, kVertices + "f 1 2 -5\n",
+                      "line 5: a face names a vertex before the first");
+    test::expectFault(readObj, kVertices + "vn 0 0 1\nf 1//1 2//1 3//2\n",
+                      "line 6: a face names normal 2 of 1");
 }
 
 }  // namespace

@@ -182,6 +182,15 @@ TEST_F(ConvertFiles, PngTakesRoundedAndClippedValues) {
     EXPECT_EQ(say("in.npy out.tif"), "in.npy -> out.tif: 4 x 1 values\n");
 }
 
+TEST_F(ConvertFiles, JpegAndBmpAreReadAsGreyValues) {
+    for (const char* name : {"in.jpg", "in.jpeg", "in.bmp"}) {
+        cv::imwrite(path(name), cv::Mat(8, 16, CV_8UC3, cv::Scalar(90, 90, 90)));
+        EXPECT_TRUE(isThere(say(std::string(name) + " out.npy"), "colours: turned into grey"));
+        EXPECT_EQ(scene("out.npy").range.Width(), 16) << name;
+        EXPECT_NEAR(scene("out.npy").range.GetValue(4, 8), 90, 1) << name;
+    }
+}
+
 TEST_F(ConvertFiles, PicturesHaveNoCalibrationAndNoColours) {
     fs::copy(ZYR_GOLDEN_DIR "/rangeimage/type2_bgr.zrt", path("in.zrt"));
     const std::string said = say("in.zrt out.png");

@@ -76,7 +76,12 @@ TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     expectRefusal("in.csv a.zpt --invalid nan", "no NaN");
     expectRefusal("in.csv a.zpt --float", "doubles alone");
     expectRefusal("in.csv a.stl --double", "floats alone");
-    expectRefusal("in.csv a.ply --invalid hide", "hide: not keep, nan or drop");
+    expectRefusal("in.csv a.ply --invalid hide", "--invalid: hide: not keep, nan or drop");
+    expectRefusal("in.csv a.ply --camera 1,2,3", "--camera: 1,2,3: not FX,FY,CX,CY");
+    expectRefusal("in.csv a.ply --offset 1", "--offset: 1: not X,Y,Z");
+    expectRefusal("in.csv a.ply --jump far", "--jump: far: not NUMBER");
+    expectRefusal("in.csv a.ply --grid 3", "--grid: 3: not WxH");
+    expectRefusal("in.csv a.jpg", "a.jpg: not a format that is written");
     expectRefusal("in.csv a.pcd --mesh", "PCD holds no meshes");
     expectTrouble(run("convert in.csv a.stl"), 2, "in.csv: a cloud becomes a mesh by its grid");
     expectTrouble(run("convert in.csv a.png"), 2, "in.csv: PNG holds range images alone");
@@ -88,7 +93,9 @@ TEST_F(ConvertTrouble, UnreadableAndUnwritableFilesAreFileTrouble) {
     writeCloud();
     fs::create_directory(path("dir.ply"));
     test::writeText(path("in.doc"), "words");
-    expectTrouble(run("convert none.ply a.obj"), 3, "none.ply: no such file");
+    for (const char* none : {"none.ply", "none.doc", "none"})
+        expectTrouble(run(std::string("convert ") + none + " a.obj"), 3,
+                      std::string(none) + ": no such file");
     expectTrouble(run("convert dir.ply a.obj"), 3, "dir.ply: not a regular file");
     expectTrouble(run("convert in.doc a.obj"), 3, "in.doc: not a format that is read");
     expectTrouble(run("convert in.csv none/a.obj"), 3, "none/a.obj: cannot be written");
@@ -110,8 +117,7 @@ TEST_F(ConvertTrouble, FullDiskLeavesTheOldFileAndNothingElse) {
     test::writeText(path("in.xyz"), many);
     for (const std::string name : {"old.zpt", "old.ply"}) {
         test::writeText(path(name), "precious");
-        const std::string limit = "trap '' XFSZ; ulimit -f 20";
-        expectTrouble(run("convert in.xyz " + name, limit), 3, name + ": ");
+        expectTrouble(run("convert in.xyz " + name, "ulimit -f 20"), 3, name + ": ");
         EXPECT_EQ(test::readText(path(name)), "precious");
     }
     EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 5);

@@ -1,7 +1,4 @@
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <filesystem>
 
 #include "Outcome.h"
 #include "Scenes.h"
@@ -11,7 +8,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using zyr::Scene;
 using Options = zyr::WriteOptions;
 
@@ -259,46 +255,6 @@ TEST_F(WriteScene, OwnFilesNeedAPoint) {
     for (const std::string suffix : {"zpt", "ztmt"})
         EXPECT_THROW(through(Scene(), suffix), zyr::FileTrouble) << suffix;
     EXPECT_EQ(through(Scene(), "ply").cloud.Length(), 0);
-}
-
-TEST_F(WriteScene, FailedWriteLeavesTheOldFileAndNothingElse) {
-    const std::string path = folder_.path("old.zpt");
-    test::writeFile(path, test::toBytes("precious"));
-    EXPECT_THROW(zyr::writeScene(Scene(), path, {}), zyr::FileTrouble);
-    EXPECT_EQ(test::readFile(path), test::toBytes("precious"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder_.path(".")), {}), 1);
-}
-
-TEST_F(WriteScene, NewFileKeepsTheRightsOfTheOldOne) {
-    const std::string path = folder_.path("old.xyz");
-    test::writeFile(path, {});
-    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
-    zyr::writeScene(cloudScene(3), path, {});
-    EXPECT_EQ(fs::status(path).permissions(),
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
-}
-
-// To read the mask is to set it, which the files of other threads would feel.
-TEST_F(WriteScene, NewFileHasTheRightsThatTheMaskLeftAtTheStart) {
-    const mode_t mask = umask(077);
-    zyr::writeScene(cloudScene(3), folder_.path("new.xyz"), {});
-    EXPECT_EQ(umask(mask), static_cast<mode_t>(077));
-    EXPECT_EQ(static_cast<mode_t>(fs::status(folder_.path("new.xyz")).permissions()), 0666 & ~mask);
-}
-
-TEST_F(WriteScene, LinkStaysALink) {
-    const std::string link = folder_.path("link.xyz"), target = folder_.path("target.xyz");
-    test::writeFile(target, {});
-    fs::create_symlink(target, link);
-    zyr::writeScene(cloudScene(3), link, {});
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_GT(fs::file_size(target), 0u);
-}
-
-TEST_F(WriteScene, WhatIsNoFileIsNotReplaced) {
-    fs::create_directory(folder_.path("dir.xyz"));
-    EXPECT_THROW(zyr::writeScene(cloudScene(3), folder_.path("dir.xyz"), {}), zyr::FileTrouble);
-    EXPECT_THROW(zyr::writeScene(cloudScene(3), folder_.path("none/a.xyz"), {}), zyr::FileTrouble);
 }
 
 }  // namespace

@@ -151,6 +151,19 @@ TEST_F(Diff, FoldersAreComparedFileByFile) {
     EXPECT_EQ(run("diff a/one.zpt b").out, "a/one.zpt and b/one.zpt: equal\n");
 }
 
+TEST_F(Diff, SubfoldersArePassedOverWithAWord) {
+    for (const char* folder : {"a", "b", "b/c", "b/d"})
+        std::filesystem::create_directory(path(folder));
+    saveCloud("a/one.zpt", {1, 2, 3});
+    saveCloud("b/one.zpt", {1, 2, 3});
+    saveCloud("b/c/two.zpt", {1, 2, 3});
+    const test::Result result = run("diff a b");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, "a/one.zpt and b/one.zpt: equal\n");
+    EXPECT_EQ(result.err, "zyr3d: b: 2 subfolders passed over\n");
+    EXPECT_EQ(run("diff a/one.zpt b").err, "");
+}
+
 TEST_F(Diff, WhatCannotBeComparedIsFileTrouble) {
     saveCloud("a.zpt", {1, 2, 3});
     const test::Bytes bytes = test::readFile(path("a.zpt"));

@@ -66,6 +66,14 @@ TEST_F(RenderCommand, ColoursAreShownWhereTheFileHasThemAndHeightsWhereNot) {
     EXPECT_TRUE(isSame(draw("map.zrt"), draw("map.zrt --color height")));
 }
 
+TEST_F(RenderCommand, ColoursThatAreNotThereAreSaidToBeSoAndHeightsAreShown) {
+    const test::Result result = run("render map.zrt out.png --size 160x120 --color rgb");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "zyr3d: map.zrt: has no colours; drawn by height\n");
+    const cv::Mat drawn = cv::imread(path("out.png"));
+    EXPECT_TRUE(isSame(drawn, draw("map.zrt --color height")));
+}
+
 TEST_F(RenderCommand, BackgroundIsTheColourThatIsAskedFor) {
     const cv::Mat picture = draw("block.ztmt --background '#102030'");
     EXPECT_EQ(picture.at<cv::Vec3b>(0, 0), cv::Vec3b(0x30, 0x20, 0x10));

@@ -14,6 +14,7 @@ namespace zyr {
 
 void prepareStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         // Open for reading alone, a stand-in for an output fails when it is written to.
         if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDONLY) != stream) return;

@@ -11,7 +11,7 @@ struct ReaderGone : FileTrouble {
     ReaderGone() : FileTrouble("standard output: closed by its reader") {}
 };
 
-/// Makes writing to a closed pipe an error instead of the end, and keeps the places of closed
+/// Makes writing to a closed pipe or beyond a limit an error instead of the end, and keeps the places of closed
 /// standard streams, so that no file is opened in their stead.
 void prepareStandardStreams();
 

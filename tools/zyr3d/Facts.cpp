@@ -60,7 +60,8 @@ void Facts::append(const Facts& others) {
 
 void Facts::printTable(std::ostream& out) const {
     Table table(Table::Left);
-    for (const Fact& fact : facts_) table.add({fact.label, printable(fact.text)});
+    for (const Fact& fact : facts_)
+        if (!fact.text.empty()) table.add({fact.label, printable(fact.text)});
     table.print(out);
 }
 

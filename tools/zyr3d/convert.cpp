@@ -23,11 +23,15 @@ struct ConvertOptions {
     Batch batch;
 };
 
+[[noreturn]] void refuse(const char* name, const char* type, const std::string& word) {
+    throw CLI::ValidationError(name, word + ": not " + type);
+}
+
 /// Numbers between commas, all of them finite.
 template <std::size_t N>
-CLI::Option* addNumbers(CLI::App& command, const char* name,
-                        std::optional<std::array<double, N>>& numbers, const char* text) {
-    const auto take = [&numbers](const CLI::results_t& words) {
+void addNumbers(CLI::App& command, const char* name, std::optional<std::array<double, N>>& numbers,
+                const char* type, const char* text) {
+    const auto take = [=, &numbers](const CLI::results_t& words) {
         std::string_view rest = words[0];
         std::array<double, N> values{};
         for (std::size_t i = 0; i < N; ++i) {
@@ -35,24 +39,24 @@ CLI::Option* addNumbers(CLI::App& command, const char* name,
             const bool isLast = comma == rest.npos;
             if (isLast != (i + 1 == N) || !parseNumber(rest.substr(0, comma), values[i]) ||
                 !std::isfinite(values[i]))
-                return false;
+                refuse(name, type, words[0]);
             rest.remove_prefix(isLast ? rest.size() : comma + 1);
         }
         numbers = values;
         return true;
     };
-    return command.add_option(name, take, text)->expected(1);
+    command.add_option(name, take, text)->expected(1)->type_name(type);
 }
 
-CLI::Option* addNumber(CLI::App& command, const char* name, std::optional<double>& number,
-                       const char* text) {
-    const auto take = [&number](const CLI::results_t& words) {
+void addNumber(CLI::App& command, const char* name, std::optional<double>& number,
+               const char* text) {
+    const auto take = [=, &number](const CLI::results_t& words) {
         double value = 0.0;
-        if (!parseNumber(words[0], value) || std::isinf(value)) return false;
+        if (!parseNumber(words[0], value) || std::isinf(value)) refuse(name, "NUMBER", words[0]);
         number = value;
         return true;
     };
-    return command.add_option(name, take, text)->expected(1)->type_name("NUMBER");
+    command.add_option(name, take, text)->expected(1)->type_name("NUMBER");
 }
 
 void addGrid(CLI::App& command, std::optional<GridSize>& grid) {
@@ -62,7 +66,7 @@ void addGrid(CLI::App& command, std::optional<GridSize>& grid) {
         GridSize size;
         if (cross == word.size() || !parseInteger(word.substr(0, cross), size.columns) ||
             !parseInteger(word.substr(cross + 1), size.rows) || size.columns < 1 || size.rows < 1)
-            return false;
+            refuse("--grid", "WxH, such as 640x480", words[0]);
         grid = size;
         return true;
     };
@@ -101,8 +105,7 @@ void addHoles(CLI::App& command, std::optional<Holes>& holes) {
         {"keep", Holes::Keep}, {"nan", Holes::Nan}, {"drop", Holes::Drop}};
     const auto take = [&holes](const CLI::results_t& words) {
         const auto found = kNames.find(words[0]);
-        if (found == kNames.end())
-            throw CLI::ValidationError("--invalid", words[0] + ": not keep, nan or drop");
+        if (found == kNames.end()) refuse("--invalid", "keep, nan or drop", words[0]);
         holes = found->second;
         return true;
     };
@@ -116,12 +119,12 @@ void addHoles(CLI::App& command, std::optional<Holes>& holes) {
 }
 
 void addSceneOptions(CLI::App& command, ConvertSettings& settings) {
-    addNumbers(command, "--camera", settings.camera, "Pinhole camera that saw a range image")
-        ->type_name("FX,FY,CX,CY");
-    addNumbers(command, "--resolution", settings.resolution, "Of a range image, instead of its own")
-        ->type_name("X,Y,Z");
-    addNumbers(command, "--offset", settings.offset, "Of a range image, instead of its own")
-        ->type_name("X,Y,Z");
+    addNumbers(command, "--camera", settings.camera, "FX,FY,CX,CY",
+               "Pinhole camera that saw a range image");
+    addNumbers(command, "--resolution", settings.resolution, "X,Y,Z",
+               "Of a range image, instead of its own");
+    addNumbers(command, "--offset", settings.offset, "X,Y,Z",
+               "Of a range image, instead of its own");
     addNumber(command, "--depth-scale", settings.depthScale,
               "Of a range image: what a value of 1 is in Z");
     addNumber(command, "--hole", settings.hole,
@@ -185,7 +188,8 @@ int convertOne(const std::string& in, const std::string& out, const ConvertOptio
 int convertAll(const ConvertOptions& options) try {
     const std::vector<std::string> outputs = outputsOf(options);
     const Format* format = formatOf(outputs[0]);
-    if (format == nullptr) throw UsageTrouble(suffixFault(outputs[0], "written"));
+    if (format == nullptr || format->write == nullptr)
+        throw UsageTrouble(suffixFault(outputs[0], "written"));
     checkSettings(options.settings, *format);
     checkNumbers(options.settings);
     createFolder(options.folder);

@@ -20,6 +20,7 @@
 #include "demo/RoundTrip.h"
 #include "demo/SensorFrame.h"
 #include "files/CloudFile.h"
+#include "files/FileKind.h"
 #include "files/ImageFile.h"
 #include "files/QuietCodecs.h"
 #include "render/Drawing.h"
@@ -37,6 +38,9 @@ struct DemoOptions {
 Frame readFrame(const DemoOptions& options) {
     if (options.input.empty()) return synthesiseSensorFrame();
     if (isCloudPath(options.input)) return readCloudFrame(options.input);
+    if (fileKind(options.input) != FileKind::Picture)
+        throw FileTrouble(options.input +
+                          ": demo takes a point cloud (.zpt) or a 16-bit depth PNG");
     return readDepthImage(options.input, options.colorFile, options.pinhole);
 }
 

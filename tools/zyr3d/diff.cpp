@@ -6,6 +6,7 @@
 
 #include "Answer.h"
 #include "Batch.h"
+#include "Console.h"
 #include "Facts.h"
 #include "Outcome.h"
 #include "Table.h"
@@ -84,6 +85,8 @@ int compareOne(const Pair& pair, const DiffOptions& options, Output& output) {
 }
 
 int runDiff(const DiffOptions& options) {
+    for (const std::string& line : passedOver(options.first, options.second))
+        printError("zyr3d: " + printable(line) + "\n");
     const std::vector<Pair> pairs = pairsOf(options.first, options.second);
     std::vector<std::string> names;
     for (const Pair& pair : pairs) names.push_back(pair.first);

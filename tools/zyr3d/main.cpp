@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <new>
+#include <numeric>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -12,6 +14,7 @@
 #include "convert.h"
 #include "demo.h"
 #include "diff.h"
+#include "files/Temporaries.h"
 #include "info.h"
 #include "render.h"
 
@@ -21,6 +24,29 @@ namespace {
 int fail(int outcome, const std::string& what) {
     printError("zyr3d: " + what + "\n");
     return outcome;
+}
+
+/// Changes of a letter that make one word of the other.
+std::size_t distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t corner = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t changed = corner + (a[i] == b[j] ? 0 : 1);
+            corner = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, corner + 1});
+        }
+    }
+    return row.back();
+}
+
+std::string unknownWord(const std::string& word, const CLI::App& app) {
+    std::string text = printable(word) + ": no such subcommand or option";
+    for (const CLI::App* known : app.get_subcommands(nullptr))
+        if (distance(word, known->get_name()) <= 2)
+            return text + "; did you mean " + known->get_name() + "?";
+    return text;
 }
 
 int run(int argc, char** argv) {
@@ -44,7 +70,7 @@ int run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         const std::vector<std::string> unknown = app.remaining();
         if (app.get_subcommands().empty() && !unknown.empty())
-            return fail(kUsage, printable(unknown[0]) + ": no such subcommand or option");
+            return fail(kUsage, unknownWord(unknown[0], app));
         return fail(kUsage, error.what());
     }
     flushOut();
@@ -56,6 +82,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) try {
     zyr::prepareStandardStreams();
+    zyr::removeTemporariesOnSignals();
     return zyr::run(argc, argv);
 } catch (const zyr::ReaderGone&) {
     return zyr::kFileTrouble;

@@ -47,6 +47,10 @@ int renderFile(const Job& job, const RenderOptions& options, Output& output) {
     }
     if (options.isDepth && subject.isHeightMap) subject.stretch[2] = -subject.stretch[2];
     Look look = options.look;
+    if (look.color == ColorBy::Rgb && !subject.hasColors()) {
+        output.complain(job.input + ": has no colours; drawn by height");
+        look.color = ColorBy::Height;
+    }
     look.title = fs::path(job.input).filename().string();
     writePng(job.output, drawPicture(subject, look));
     return kGood;

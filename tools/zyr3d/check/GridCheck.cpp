@@ -1,6 +1,5 @@
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <opencv2/core.hpp>
 
 #include "Outcome.h"
@@ -8,6 +7,7 @@
 #include "ZyrVector3d.h"
 #include "check/Check.h"
 #include "files/ImageFile.h"
+#include "files/PictureScan.h"
 #include "files/RangeFile.h"
 #include "files/RegularFile.h"
 
@@ -44,32 +44,6 @@ void checkHead(const std::string& path, const RangeFile& file) {
         throw Fault(path, 64, "a channel count of " + std::to_string(file.channels));
 }
 
-/// Where a PNG's chunk IEND ends; the decoder found it already.
-std::size_t endOfPng(const std::vector<unsigned char>& bytes) {
-    std::size_t at = 8;
-    bool isLast = false;
-    while (!isLast && at + 12 <= bytes.size()) {
-        const std::size_t size = static_cast<std::size_t>(bytes[at]) << 24 | bytes[at + 1] << 16 |
-                                 bytes[at + 2] << 8 | bytes[at + 3];
-        isLast = std::memcmp(&bytes[at + 4], "IEND", 4) == 0;
-        at += 12 + size;
-    }
-    return at;
-}
-
-/// The decoders pass over what is behind a picture, and JPEG's fills in what is missing.
-void checkPictureEnd(const std::string& path, const std::vector<unsigned char>& bytes) {
-    const std::size_t size = bytes.size();
-    if (bytes[0] == 0x89 && bytes[1] == 'P') {
-        const std::size_t end = endOfPng(bytes);
-        if (size > end)
-            throw Fault(path, end, counted(size - end, "byte", "bytes") + " behind the end");
-    }
-    const bool isJpeg = bytes[0] == 0xFF && bytes[1] == 0xD8;
-    if (isJpeg && (bytes[size - 2] != 0xFF || bytes[size - 1] != 0xD9))
-        throw Fault(path, size, "no end mark here: cut short, or other bytes behind the picture");
-}
-
 }  // namespace
 
 Checked checkedGrid(const std::string& kind, const cv::Mat& grid) {
@@ -97,7 +71,7 @@ Checked checkRangeFile(const std::string& path) {
 
 Checked checkPictureFile(const std::string& path) {
     const cv::Mat picture = readImage(path);
-    checkPictureEnd(path, readWhole(path));
+    if (const auto fault = scanPicture(readWhole(path))) throw Fault(path, fault->at, fault->why);
     if (picture.channels() == 1) return checkedGrid("picture", picture);
     Checked checked;
     checked.facts.word("kind", "picture");

@@ -2,17 +2,10 @@
 
 #include <iostream>
 
+#include "Facts.h"
 #include "files/RegularFile.h"
 
 namespace zyr {
-namespace {
-
-std::string percent(double part, double whole) {
-    return decimal(100.0 * part / whole, 1) + " %";
-}
-
-}  // namespace
-
 Report::Report(int points) : points_(points) {
     times_.add({"step", "ms", "ns a point"});
 }
@@ -22,7 +15,8 @@ void Report::count(const std::string& label, int value) {
 }
 
 void Report::countShare(const std::string& label, int value) {
-    counts_.add({label, grouped(static_cast<std::uint64_t>(value)), percent(value, points_)});
+    counts_.add({label, grouped(static_cast<std::uint64_t>(value)),
+                 percent(static_cast<std::uint64_t>(value), static_cast<std::uint64_t>(points_))});
 }
 
 void Report::time(const std::string& step, double milliseconds) {
@@ -33,8 +27,7 @@ void Report::file(const std::string& kind, const RoundTrip& trip, std::uint64_t 
     const std::string prefix = kind.empty() ? "" : kind + " ";
     const std::uint64_t disk = fileSize(trip.path);
     counts_.add({prefix + "bytes raw", grouped(rawBytes)});
-    counts_.add({prefix + "bytes on disk", grouped(disk),
-                 percent(static_cast<double>(disk), static_cast<double>(rawBytes))});
+    counts_.add({prefix + "bytes on disk", grouped(disk), percent(disk, rawBytes)});
     time(prefix + "save", trip.save);
     time(prefix + "load", trip.load);
     written_ += (written_.empty() ? "" : ", ") + trip.path;

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Outcome.h"
+#include "Table.h"
 #include "files/FileKind.h"
 
 namespace zyr {
@@ -33,7 +34,26 @@ std::set<std::string> namesIn(const std::string& folder) {
     return names;
 }
 
+std::size_t subfoldersOf(const std::string& folder) {
+    std::size_t count = 0;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        if (isFolder(entry->path().string())) ++count;
+    return count;
+}
+
 }  // namespace
+
+std::vector<std::string> passedOver(const std::string& first, const std::string& second) {
+    std::vector<std::string> lines;
+    if (!isFolder(first) || !isFolder(second)) return lines;
+    for (const std::string& folder : {first, second})
+        if (const std::size_t count = subfoldersOf(folder))
+            lines.push_back(folder + ": " + counted(count, "subfolder", "subfolders") +
+                            " passed over");
+    return lines;
+}
 
 std::vector<Pair> pairsOf(const std::string& first, const std::string& second) {
     const fs::path a(first), b(second);

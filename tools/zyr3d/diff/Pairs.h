@@ -15,4 +15,7 @@ struct Pair {
 /// folders, the files of the same name, sorted, that have a suffix we read. Throws FileTrouble.
 std::vector<Pair> pairsOf(const std::string& first, const std::string& second);
 
+/// What is not compared of two folders, a line each; none of files.
+std::vector<std::string> passedOver(const std::string& first, const std::string& second);
+
 }  // namespace zyr

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Outcome.h"
+#include "files/PictureScan.h"
 #include "files/QuietCodecs.h"
 #include "files/RegularFile.h"
 
@@ -33,6 +34,12 @@ cv::Mat decode(const std::vector<unsigned char>& bytes) try {
     return {};
 }
 
+[[noreturn]] void failDecoding(const std::string& path, const std::vector<unsigned char>& bytes) {
+    const std::string text = "not a picture that can be read";
+    if (const auto fault = scanPicture(bytes)) throw Fault(path, text, fault->at, fault->why);
+    throw Fault(path, text);
+}
+
 bool encode(const std::string& path, const cv::Mat& image) try {
     const QuietCodecs quiet;
     return cv::imwrite(path, image);
@@ -46,16 +53,17 @@ cv::Mat readImage(const std::string& path) {
     const std::vector<unsigned char> bytes = readWhole(path);
     checkPixels(path, pixelsOfPng(bytes));
     cv::Mat image = decode(bytes);
-    if (image.empty()) throw Fault(path, "not a picture that can be read");
+    if (image.empty()) failDecoding(path, bytes);
     checkPixels(path, image.total());
     return image;
 }
 
 ZyrRangeImage readPictureValues(const std::string& path) {
-    checkPixels(path, pixelsOfPng(readWhole(path)));
+    const std::vector<unsigned char> bytes = readWhole(path);
+    checkPixels(path, pixelsOfPng(bytes));
     const QuietCodecs quiet;
     ZyrRangeImage image;
-    if (!image.Load(path.c_str(), 1.0, 0.0)) throw Fault(path, "not a picture that can be read");
+    if (!image.Load(path.c_str(), 1.0, 0.0)) failDecoding(path, bytes);
     return image;
 }
 

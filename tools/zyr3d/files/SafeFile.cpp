@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "Outcome.h"
+#include "files/Temporaries.h"
 
 namespace zyr {
 namespace {
@@ -55,7 +56,7 @@ SafeFile::SafeFile(const std::string& path) : path_(resolved(path)) {
     const std::string suffix = target.extension();
     const fs::path name = "." + target.stem().string().substr(0, 200) + ".XXXXXX" + suffix;
     temporary_ = target.parent_path() / name;
-    file_ = mkostemps(temporary_.data(), static_cast<int>(suffix.size()), O_CLOEXEC);
+    file_ = makeTemporary(temporary_, suffix.size());
     if (file_ < 0) {
         temporary_.clear();
         throw FileTrouble(path + ": cannot be written: " + std::strerror(errno));
@@ -65,7 +66,9 @@ SafeFile::SafeFile(const std::string& path) : path_(resolved(path)) {
 
 SafeFile::~SafeFile() {
     if (file_ >= 0) close(file_);
-    if (!temporary_.empty()) unlink(temporary_.c_str());
+    if (temporary_.empty()) return;
+    unlink(temporary_.c_str());
+    forgetTemporary(temporary_);
 }
 
 void SafeFile::fail(const char* what) const {
@@ -100,6 +103,7 @@ void SafeFile::finish() {
 
 void SafeFile::commit() {
     if (rename(temporary_.c_str(), path_.c_str()) != 0) fail("cannot be replaced");
+    forgetTemporary(temporary_);
     temporary_.clear();
     const fs::path folder = fs::path(path_).parent_path();
     syncFolder(folder.empty() ? "." : folder);

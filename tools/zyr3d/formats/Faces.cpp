@@ -1,35 +1,28 @@
 #include "formats/Faces.h"
 
-#include "formats/Fault.h"
 #include "formats/Text.h"
 
 namespace zyr {
-namespace {
 
-int cornerOf(double index, int vertexCount) {
+int Faces::cornerOf(double index, int vertexCount, const Place& place) const {
     if (index >= 0.0 && index < vertexCount && index == static_cast<int>(index))
         return static_cast<int>(index);
     std::string text;
-    appendNumber(text, index);
-    throw FormatFault("a face names vertex " + text + " of " + std::to_string(vertexCount));
+    appendNumber(text, index + first_);
+    failAt(place, "a face names vertex " + text + " of " + std::to_string(vertexCount));
 }
 
-}  // namespace
-
-int Faces::add(const std::vector<double>& corners, int vertexCount) {
-    if (corners.size() < 3) {
+int Faces::add(const std::vector<double>& corners, int vertexCount, const Place& place) {
+    std::vector<int> indices;
+    for (const double corner : corners) indices.push_back(cornerOf(corner, vertexCount, place));
+    if (indices.size() < 3) {
         ++dropped_;
         return 0;
     }
-    if (corners.size() > 3) ++polygons_;
-    const int first = cornerOf(corners[0], vertexCount);
-    int last = cornerOf(corners[1], vertexCount);
-    for (std::size_t i = 2; i < corners.size(); ++i) {
-        const int corner = cornerOf(corners[i], vertexCount);
-        triangles_.insert(triangles_.end(), {first, last, corner});
-        last = corner;
-    }
-    if (triangles_.size() / 3 > kMostElements) throw FormatFault("too many triangles");
+    if (indices.size() > 3) ++polygons_;
+    for (std::size_t i = 2; i < indices.size(); ++i)
+        triangles_.insert(triangles_.end(), {indices[0], indices[i - 1], indices[i]});
+    if (triangles_.size() / 3 > kMostElements) failAt(place, "too many triangles");
     return static_cast<int>(corners.size()) - 2;
 }
 

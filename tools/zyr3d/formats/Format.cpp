@@ -31,13 +31,16 @@ constexpr unsigned kZrtAbilities = kRanges | kColors | kAlpha | kCalibration | k
 
 constexpr Holes kDrop = Holes::Drop, kKeep = Holes::Keep, kNan = Holes::Nan;
 
-constexpr std::array<Format, 14> kFormats = {
+constexpr std::array<Format, 17> kFormats = {
     {{"zpt", ".zpt", nullptr, readZpt, writeZpt, kZptAbilities, kKeep, false},
      {"ztmt", ".ztmt", nullptr, readZtmt, writeZtmt, kZtmtAbilities, kKeep, false},
      {"zrt", ".zrt", nullptr, readZrt, writeZrt, kZrtAbilities, kKeep, false},
      {"png", "PNG", nullptr, readPicture, writePng, kRanges | kBinary, kKeep, false},
      {"tif", "TIFF", nullptr, readPicture, writeTiff, kRanges | kBinary, kKeep, false},
      {"tiff", "TIFF", nullptr, readPicture, writeTiff, kRanges | kBinary, kKeep, false},
+     {"jpg", "JPEG", nullptr, readPicture, nullptr, kRanges, kKeep, false},
+     {"jpeg", "JPEG", nullptr, readPicture, nullptr, kRanges, kKeep, false},
+     {"bmp", "BMP", nullptr, readPicture, nullptr, kRanges, kKeep, false},
      {"ply", "PLY", readPly, nullptr, writePly, kPlyAbilities, kDrop, false},
      {"stl", "STL", readStl, nullptr, writeStl, kStlAbilities, kDrop, true},
      {"obj", "OBJ", readObj, nullptr, writeObj, kObjAbilities, kDrop, false},
@@ -73,7 +76,8 @@ std::string suffixFault(const std::string& path, const char* verb) {
 
 void writeScene(const Scene& scene, const std::string& path, const WriteOptions& options) {
     const Format* format = formatOf(path);
-    if (format == nullptr) throw FileTrouble(suffixFault(path, "written"));
+    if (format == nullptr || format->write == nullptr)
+        throw FileTrouble(suffixFault(path, "written"));
     SafeFile file(path);
     try {
         format->write(scene, options, file);

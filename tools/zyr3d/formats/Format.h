@@ -43,7 +43,7 @@ struct Format {
     const char* name;
     Scene (*fromBytes)(std::string_view);   ///< a format is read from its bytes,
     Scene (*fromPath)(const std::string&);  ///< or by its path
-    void (*write)(const Scene&, const WriteOptions&, SafeFile&);
+    void (*write)(const Scene&, const WriteOptions&, SafeFile&);  ///< null: it is read alone
     unsigned abilities;
     Holes holes;   ///< as users of the format expect
     bool isFloat;  ///< whether floats are usual, else doubles

@@ -13,16 +13,17 @@ struct NpyHeader {
     Scalar scalar;
     bool isSwapped = false, isFortran = false;
     std::vector<std::uint64_t> shape;
+    Place typeAt, shapeAt;
     std::size_t bodyStart = 0;
 };
 
-/// What follows a key of the header's dictionary.
-std::string_view valueOf(std::string_view dictionary, std::string_view key) {
+/// What follows a key of the header's dictionary, which starts here.
+std::string_view valueOf(std::string_view dictionary, std::size_t start, std::string_view key) {
     const std::size_t at = dictionary.find("'" + std::string(key) + "'");
     const std::size_t colon = at == dictionary.npos ? at : dictionary.find(':', at);
-    if (colon == dictionary.npos) throw FormatFault("the header has no " + std::string(key));
-    const std::size_t start = dictionary.find_first_not_of(" ", colon + 1);
-    return dictionary.substr(std::min(start, dictionary.size()));
+    if (colon == dictionary.npos) failAt({start}, "the header has no " + std::string(key));
+    const std::size_t value = dictionary.find_first_not_of(" ", colon + 1);
+    return dictionary.substr(std::min(value, dictionary.size()));
 }
 
 /// Such as '<f8': order, kind and size.
@@ -35,12 +36,14 @@ void takeType(std::string_view text, NpyHeader& header) {
     header.scalar.size = isWord ? static_cast<std::size_t>(word[3] - '0') : 0;
     const bool isOrder = order == '<' || order == '>' || order == '|' || order == '=';
     if (!isOrder || !header.scalar.isKnown())
-        throw FormatFault("values of the unknown type " + quoted(text.substr(0, text.find(','))));
+        failAt(header.typeAt,
+               "values of the unknown type " + quoted(text.substr(0, text.find(','))));
 }
 
 void takeShape(std::string_view text, NpyHeader& header) {
     const std::size_t end = text.find(')');
-    if (text.substr(0, 1) != "(" || end == text.npos) throw FormatFault("the header has no shape");
+    if (text.substr(0, 1) != "(" || end == text.npos)
+        failAt(header.shapeAt, "the header has no shape");
     std::string_view rest = text.substr(1, end - 1);
     while (!rest.empty()) {
         const std::size_t comma = std::min(rest.find(','), rest.size());
@@ -50,15 +53,15 @@ void takeShape(std::string_view text, NpyHeader& header) {
         if (words.empty()) continue;
         header.shape.emplace_back();
         if (words.size() > 1 || !parseInteger(words[0], header.shape.back()))
-            throw FormatFault("the shape is no list of counts");
+            failAt(header.shapeAt, "the shape is no list of counts");
     }
 }
 
 NpyHeader readHeader(std::string_view bytes) {
     if (bytes.substr(0, 6) != "\x93NUMPY" || bytes.size() < 12)
-        throw FormatFault("not an NPY file: its first bytes are others");
+        failAt({0}, "not an NPY file: its first bytes are others");
     const char version = bytes[6];
-    if (version < 1 || version > 3) throw FormatFault("an unknown version");
+    if (version < 1 || version > 3) failAt({6}, "an unknown version");
     const std::size_t start = version == 1 ? 10 : 12;
     const std::size_t length = version == 1 ? loadAs<std::uint16_t>(bytes.data() + 8)
                                             : loadAs<std::uint32_t>(bytes.data() + 8);
@@ -66,9 +69,15 @@ NpyHeader readHeader(std::string_view bytes) {
     const std::string_view dictionary = bytes.substr(start, length);
     NpyHeader header;
     header.bodyStart = start + length;
-    takeType(valueOf(dictionary, "descr"), header);
-    header.isFortran = valueOf(dictionary, "fortran_order").substr(0, 4) == "True";
-    takeShape(valueOf(dictionary, "shape"), header);
+    const auto value = [&](const char* key) { return valueOf(dictionary, start, key); };
+    const auto placeOf = [&](std::string_view text) {
+        return Place{static_cast<std::uint64_t>(text.data() - bytes.data())};
+    };
+    header.typeAt = placeOf(value("descr"));
+    header.shapeAt = placeOf(value("shape"));
+    takeType(value("descr"), header);
+    header.isFortran = value("fortran_order").substr(0, 4) == "True";
+    takeShape(value("shape"), header);
     return header;
 }
 
@@ -76,8 +85,10 @@ class Reader {
 public:
     explicit Reader(std::string_view bytes)
         : header_(readHeader(bytes)), body_(bytes.substr(header_.bodyStart)) {
+        const auto& shape = header_.shape;
         const std::uint64_t most = body_.size() / header_.scalar.size;
-        for (const std::uint64_t length : header_.shape) {
+        if (std::find(shape.begin(), shape.end(), 0) != shape.end()) total_ = 0;
+        for (const std::uint64_t length : shape) {
             if (length > 0 && total_ > most / length)
                 throw CutShort("the shape needs more bytes than are there");
             total_ *= length;
@@ -90,7 +101,7 @@ public:
         if (shape.size() == 3 && isThree) return grid();
         if (shape.size() == 2 && isThree && header_.scalar.kind == 'F') return list();
         if (shape.size() == 2) return range();
-        throw FormatFault("a shape that is neither (N, 3), (H, W, 3) nor (H, W)");
+        failAt(header_.shapeAt, "a shape that is neither (N, 3), (H, W, 3) nor (H, W)");
     }
 
 private:
@@ -115,21 +126,27 @@ private:
     Scene list() const {
         Scene scene;
         ZyrVector3dArray points;
-        points.SetSize(boundedCount(total_ / 3, 0, 0, "points"));
+        points.SetSize(boundedCount(total_ / 3, 0, 0, "points", header_.shapeAt));
         for (int i = 0; i < points.Length(); ++i) {
             const std::uint64_t at = 3 * static_cast<std::uint64_t>(i);
             points[i] = validOrHole(value(at), value(at + 1), value(at + 2));
         }
         scene.cloud.SetPoints(points);
-        noteRest(scene);
+        for (const char* name : {"x", "y", "z"})
+            scene.fields.push_back({name, header_.scalar.name()});
+        finish(scene);
         return scene;
     }
 
     Scene grid() const {
         Scene scene = list();
-        scene.rows = boundedCount(header_.shape[0], 0, 0, "rows");
-        scene.columns = boundedCount(header_.shape[1], 0, 0, "columns");
+        scene.rows = length(0, "rows");
+        scene.columns = length(1, "columns");
         return scene;
+    }
+
+    int length(std::size_t axis, const char* what) const {
+        return boundedCount(header_.shape[axis], 0, 0, what, header_.shapeAt);
     }
 
     /// OpenCV's code of the values' type, which range images use; -1 where they have none.
@@ -142,8 +159,9 @@ private:
     }
 
     Scene range() const {
-        if (rangeType() < 0) throw FormatFault("values of a type that range images do not have");
-        if (total_ == 0) throw FormatFault("no values");
+        if (rangeType() < 0)
+            failAt(header_.typeAt, "values of a type that range images do not have");
+        if (total_ == 0) failAt(header_.shapeAt, "no values");
         std::string values;
         values.reserve(total_ * header_.scalar.size);
         for (std::uint64_t i = 0; i < total_; ++i) {
@@ -153,16 +171,18 @@ private:
         }
         Scene scene;
         scene.kind = Scene::Range;
-        const int height = boundedCount(header_.shape[0], 0, 0, "rows");
-        const int width = boundedCount(header_.shape[1], 0, 0, "columns");
+        const int height = length(0, "rows"), width = length(1, "columns");
         scene.range = ZyrRangeImage(values.data(), width, height, 0, rangeType(), 0.0, 0.0, 1.0,
                                     0.0, 1.0, 0.0, 1.0, 0.0);
-        noteRest(scene);
+        finish(scene);
         return scene;
     }
 
-    void noteRest(Scene& scene) const {
+    void finish(Scene& scene) const {
         const std::size_t size = total_ * header_.scalar.size;
+        scene.body = header_.isSwapped ? "binary_big_endian" : "binary";
+        if (header_.isFortran) scene.body += ", columns first";
+        scene.rawBytes = size;
         if (body_.size() == size) return;
         scene.leftOut.push_back("bytes behind the last value");
         scene.rest = header_.bodyStart + size;

@@ -26,6 +26,7 @@ public:
     Scene read() {
         std::string_view line;
         while (lines_.next(line)) {
+            place_ = lines_.place();
             joined_.assign(line);
             while (!joined_.empty() && joined_.back() == '\\' && lines_.next(line)) {
                 joined_.back() = ' ';
@@ -40,12 +41,11 @@ public:
 
 private:
     struct Face {
-        std::size_t size, line, start;
+        std::size_t size;
+        Place place;
     };
 
-    [[noreturn]] void fail(const std::string& why) const {
-        failAtLine(lines_.number(), lines_.start(), why);
-    }
+    [[noreturn]] void fail(const std::string& why) const { failAt(place_, why); }
 
     void take() {
         const std::string_view keyword = words_[0];
@@ -79,9 +79,10 @@ private:
     }
 
     /// From 0, of an index that counts from 1, or back from the last one when it is negative.
-    double resolved(std::string_view word, int count) const {
+    double resolved(std::string_view word, int count, const char* what) const {
         std::int64_t index = 0;
         if (!parseInteger(word, index) || index == 0) fail("not an index: " + quoted(word));
+        if (index < -count) fail(std::string("a face names a ") + what + " before the first");
         return static_cast<double>(index > 0 ? index - 1 : index + count);
     }
 
@@ -91,12 +92,13 @@ private:
             const std::string_view word = words_[i];
             const std::size_t slash = word.find('/');
             const std::size_t second = slash == word.npos ? slash : word.find('/', slash + 1);
-            corners_.push_back(resolved(word.substr(0, slash), vertices_.Length()));
+            corners_.push_back(resolved(word.substr(0, slash), vertices_.Length(), "vertex"));
             const bool hasNormal = second != word.npos;
             cornerNormals_.push_back(
-                hasNormal ? resolved(word.substr(second + 1), normals_.Length()) : -1.0);
+                hasNormal ? resolved(word.substr(second + 1), normals_.Length(), "normal") : -1.0);
+            indices_ += hasNormal ? 2 : 1;
         }
-        faces_.push_back({words_.size() - 1, lines_.number(), lines_.start()});
+        faces_.push_back({words_.size() - 1, place_});
     }
 
     Scene finish() {
@@ -106,32 +108,41 @@ private:
         addColors(scene);
         addNormals(scene);
         std::string text;
+        addFields(scene);
         for (const std::string& keyword : passedOver_) text += (text.empty() ? "" : ", ") + keyword;
         if (!text.empty()) scene.leftOut.push_back("lines " + text);
         return scene;
     }
 
-    void requireVertex(const Face& face, double corner) const {
-        if (corner >= 0.0 && corner < vertices_.Length()) return;
-        // Negative indices count back from the vertices before the face.
-        const std::string vertex = corner < 0.0
-                                       ? "before the first"
-                                       : std::to_string(static_cast<std::int64_t>(corner) + 1);
-        failAtLine(face.line, face.start,
-                   "a face names vertex " + vertex + " of " + std::to_string(vertices_.Length()));
-    }
-
     void addFaces(Scene& scene) const {
-        Faces faces;
-        auto next = corners_.begin();
+        Faces faces(1);
+        std::size_t next = 0;
         for (const Face& face : faces_) {
-            const auto end = next + static_cast<std::ptrdiff_t>(face.size);
-            const std::vector<double> corners(next, end);
-            for (const double corner : corners) requireVertex(face, corner);
-            faces.add(corners, vertices_.Length());
-            next = end;
+            std::vector<double> corners;
+            for (const std::size_t end = next + face.size; next < end; ++next) {
+                corners.push_back(corners_[next]);
+                requireNormal(cornerNormals_[next], face.place);
+            }
+            faces.add(corners, vertices_.Length(), face.place);
         }
         faces.finish(scene);
+    }
+
+    void requireNormal(double index, const Place& place) const {
+        if (index < normals_.Length()) return;
+        failAt(place, "a face names normal " +
+                          std::to_string(static_cast<std::int64_t>(index) + 1) + " of " +
+                          std::to_string(normals_.Length()));
+    }
+
+    void addFields(Scene& scene) const {
+        const auto vertices = static_cast<std::uint64_t>(vertices_.Length());
+        const auto normals = static_cast<std::uint64_t>(normals_.Length());
+        scene.body = "ascii";
+        scene.fields.push_back({"v", colors_.empty() ? "float64[3]" : "float64[6]"});
+        if (normals > 0) scene.fields.push_back({"vn", "float64[3]"});
+        if (!faces_.empty()) scene.fields.push_back({"f", "int32[]"});
+        scene.rawBytes = 8 * (3 * vertices + 3 * normals + colors_.size()) + 4 * indices_;
     }
 
     void addColors(Scene& scene) const {
@@ -159,7 +170,6 @@ private:
         std::vector<double> named(static_cast<std::size_t>(vertices_.Length()), -1.0);
         bool isClear = !corners_.empty();
         for (std::size_t i = 0; i < corners_.size(); ++i) {
-            if (corners_[i] < 0.0 || corners_[i] >= vertices_.Length()) continue;
             double& normal = named[static_cast<std::size_t>(corners_[i])];
             isClear = isClear && (normal < 0.0 || normal == cornerNormals_[i]);
             normal = cornerNormals_[i];
@@ -172,19 +182,19 @@ private:
         normals.SetSize(vertices_.Length());
         for (int i = 0; i < normals.Length(); ++i) {
             const double index = named[static_cast<std::size_t>(i)];
-            if (index >= normals_.Length())
-                throw FormatFault("a face names a normal that is not there");
             if (index >= 0.0) normals[i] = normals_[static_cast<int>(index)];
         }
         scene.cloud.SetNormals(normals);
     }
 
     Lines lines_;
+    Place place_;  ///< of the statement
     std::string joined_;
     std::vector<std::string_view> words_;
     ZyrVector3dArray vertices_, normals_;
     std::vector<double> colors_, corners_, cornerNormals_;
     std::vector<Face> faces_;
+    std::uint64_t indices_ = 0;
     std::set<std::string> passedOver_;
 };
 

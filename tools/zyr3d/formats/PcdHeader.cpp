@@ -1,6 +1,5 @@
 #include "formats/PcdHeader.h"
 
-#include "formats/Fault.h"
 #include "formats/Text.h"
 
 namespace zyr {
@@ -23,12 +22,11 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& why) const {
-        failAtLine(lines_.number(), lines_.start(), why);
-    }
+    [[noreturn]] void fail(const std::string& why) const { failAt(lines_.place(), why); }
 
     void take() {
         const std::string keyword(words_[0]);
+        header_.places[keyword] = lines_.place();
         if (keyword == "FIELDS" || keyword == "COLUMNS")
             takeFields();
         else if (keyword == "SIZE")
@@ -103,11 +101,14 @@ private:
     void check() {
         const std::uint64_t product = header_.width * header_.height;
         if (!hasPoints_) header_.points = product;
-        if (header_.points != product) throw FormatFault("POINTS is not WIDTH times HEIGHT");
+        if (header_.points != product)
+            failAt(header_.placeOf({"POINTS"}), "POINTS is not WIDTH times HEIGHT");
         for (const PcdField& field : header_.fields)
             if (!field.scalar.isKnown())
-                throw FormatFault("field " + quoted(field.name) + " has an unknown type");
-        if (header_.recordBytes() > 0xFFFFFFFF) throw FormatFault("the fields are too large");
+                failAt(header_.placeOf({Scalar{field.scalar.kind, 4}.isKnown() ? "SIZE" : "TYPE"}),
+                       "field " + quoted(field.name) + " has an unknown type");
+        if (header_.recordBytes() > 0xFFFFFFFF)
+            failAt(header_.placeOf({"COUNT"}), "the fields are too large");
     }
 
     Lines lines_;
@@ -118,6 +119,12 @@ private:
 };
 
 }  // namespace
+
+Place PcdHeader::placeOf(const std::vector<const char*>& keywords) const {
+    for (const char* keyword : keywords)
+        if (const auto found = places.find(keyword); found != places.end()) return found->second;
+    return places.at("DATA");
+}
 
 std::uint64_t PcdHeader::recordBytes() const {
     std::uint64_t bytes = 0;

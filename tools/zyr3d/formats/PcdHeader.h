@@ -1,9 +1,11 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "formats/Fault.h"
 #include "formats/PointColumns.h"
 #include "formats/Scalar.h"
 
@@ -24,6 +26,10 @@ struct PcdHeader {
     std::string body;           ///< "ascii", "binary" or "binary_compressed"
     bool hasViewpoint = false;  ///< one that is not the origin, looking along z
     std::size_t bodyStart = 0;
+    std::map<std::string, Place> places;  ///< of the lines, by their keywords
+
+    /// Of the first of these lines that is there, else of the last line of the header.
+    Place placeOf(const std::vector<const char*>& keywords) const;
 
     std::uint64_t recordBytes() const;
     std::uint64_t recordWords() const;

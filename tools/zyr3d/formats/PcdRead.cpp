@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "LZF.h"
+#include "files/LzfStream.h"
 #include "formats/Fault.h"
 #include "formats/PcdHeader.h"
 #include "formats/Readers.h"
@@ -17,7 +17,8 @@ public:
           body_(bytes.substr(header_.bodyStart)),
           count_(countOf()),
           columns_(count_, roles()) {
-        if (!columns_.hasPoints()) throw FormatFault("no fields x, y and z");
+        if (!columns_.hasPoints())
+            failAt(header_.placeOf({"FIELDS", "COLUMNS"}), "no fields x, y and z");
     }
 
     Scene read() {
@@ -32,14 +33,15 @@ public:
 
 private:
     int countOf() const {
+        const Place place = header_.placeOf({"POINTS", "WIDTH", "HEIGHT"});
         if (header_.body == "ascii")  // a word and a blank each, the last one without
             return boundedCount(header_.points, 2 * header_.recordWords(), body_.size() + 1,
-                                "points");
+                                "points", place);
         if (header_.body == "binary")
-            return boundedCount(header_.points, header_.recordBytes(), body_.size(), "points");
-        constexpr std::uint64_t kMostGrowth = 88;
-        return boundedCount(header_.points, header_.recordBytes(), body_.size() * kMostGrowth,
-                            "points");
+            return boundedCount(header_.points, header_.recordBytes(), body_.size(), "points",
+                                place);
+        return boundedCount(header_.points, header_.recordBytes(), body_.size() * kLzfMostExpansion,
+                            "points", place);
     }
 
     /// A packed colour stands for three or four columns.
@@ -86,7 +88,7 @@ private:
             throw CutShort("" + std::to_string(body_.size() - 8) + " of " + std::to_string(packed) +
                            " bytes of the stream are there");
         if (raw != header_.recordBytes() * header_.points)
-            failAtByte(header_.bodyStart + 4, "the body's size is not that of its points");
+            failAt({header_.bodyStart + 4}, "the body's size is not that of its points");
         const std::string columns = decompressed(body_.substr(8, packed), raw);
         std::vector<std::uint64_t> starts, steps;
         std::uint64_t offset = 0;
@@ -103,19 +105,18 @@ private:
         if (hasContent(body_.substr(at))) rest_ = header_.bodyStart + at;
     }
 
-    static std::string decompressed(std::string_view stream, std::uint32_t rawSize) {
-        constexpr std::uint32_t kMost = 0x7FFFFFFF - 64;
+    std::string decompressed(std::string_view stream, std::uint32_t rawSize) const {
         if (rawSize == 0) return {};
-        if (rawSize > kMost || stream.size() > kMost || stream.empty())
-            throw FormatFault("the compressed body is too large");
-        // The decoder may read a last chunk past the end.
-        std::string in(stream);
-        in.append(64, '\0');
         std::string out(rawSize, '\0');
-        const int size = LZF::decompress(
-            reinterpret_cast<unsigned char*>(in.data()), static_cast<int>(stream.size()),
-            reinterpret_cast<unsigned char*>(out.data()), static_cast<int>(rawSize));
-        if (size != static_cast<int>(rawSize)) throw FormatFault("the compressed body is broken");
+        const LzfWalk walk =
+            decodeLzf(reinterpret_cast<const unsigned char*>(stream.data()), stream.size(),
+                      reinterpret_cast<unsigned char*>(out.data()), out.size());
+        const std::string why = walk.produced < rawSize && walk.fault.empty()
+                                    ? "the stream gives " + std::to_string(walk.produced) + " of " +
+                                          std::to_string(rawSize) + " bytes"
+                                    : walk.fault;
+        if (!why.empty())
+            failAt({header_.bodyStart + 8 + walk.at}, "the compressed body is broken: " + why);
         return out;
     }
 
@@ -149,9 +150,8 @@ private:
             splitWords(line.substr(0, line.find('#')), words);
             if (words.empty()) continue;
             const auto fail = [&](const std::string& why) {
-                const std::string text =
-                    "line " + std::to_string(lines.number()) + " of the points: " + why;
-                throw FormatFault(text, header_.bodyStart + lines.start(), text);
+                const Place place = lines.place(), data = header_.placeOf({});
+                failAt({header_.bodyStart + place.offset, data.line + place.line}, why);
             };
             if (words.size() < header_.recordWords()) fail("fewer values than fields");
             if (const auto wrong = takeWords(words, row); !wrong.empty())
@@ -206,9 +206,20 @@ private:
         const std::string unused = unusedColumns(names, given);
         if (!unused.empty()) scene.leftOut.push_back("fields " + unused);
         if (header_.hasViewpoint) scene.leftOut.push_back("the viewpoint");
+        describe(scene);
         scene.rest = rest_;
         if (rest_) scene.leftOut.push_back("bytes behind the last point");
         return scene;
+    }
+
+    void describe(Scene& scene) const {
+        scene.body = header_.body;
+        scene.rawBytes = header_.recordBytes() * header_.points;
+        for (const PcdField& field : header_.fields) {
+            const std::string many =
+                field.count == 1 ? "" : "[" + std::to_string(field.count) + "]";
+            scene.fields.push_back({field.name, field.scalar.name() + many});
+        }
     }
 
     PcdHeader header_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "formats/Fault.h"
 #include "formats/Text.h"
 
 namespace zyr {
@@ -44,12 +43,12 @@ public:
             if (words_[0] == "end_header") return finish();
             take();
         }
-        fail("no end_header");
+        throw CutShort("no end_header");
     }
 
 private:
     [[noreturn]] void fail(const std::string& why) const {
-        failAtLine(std::max<std::size_t>(lines_.number(), 1), lines_.start(), why);
+        failAt({lines_.place().offset, std::max<std::size_t>(lines_.place().line, 1)}, why);
     }
 
     void take() {
@@ -81,6 +80,7 @@ private:
         if (words_.size() != 3 || !parseInteger(words_[2], element.count))
             fail("an element needs a name and a count");
         element.name = words_[1];
+        element.place = lines_.place();
         header_.elements.push_back(element);
     }
 
@@ -106,7 +106,7 @@ private:
     PlyHeader finish() {
         if (!hasFormat_) fail("no format line");
         header_.bodyStart = lines_.offset();
-        header_.lines = lines_.number();
+        header_.end = lines_.place();
         return header_;
     }
 
@@ -123,6 +123,10 @@ std::uint64_t PlyElement::leastBytes(bool isAscii) const {
     for (const PlyProperty& property : properties)
         bytes += isAscii ? 2 : property.isList ? property.count.size : property.value.size;
     return bytes;
+}
+
+Field PlyProperty::field() const {
+    return {name, value.name() + (isList ? "[]" : "")};
 }
 
 PlyHeader readPlyHeader(std::string_view bytes) {

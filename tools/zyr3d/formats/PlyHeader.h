@@ -5,7 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/Fault.h"
 #include "formats/Scalar.h"
+#include "formats/Scene.h"
 
 namespace zyr {
 
@@ -15,11 +17,14 @@ struct PlyProperty {
     Scalar value;
     bool isList = false;
     Scalar count;  ///< of a list
+
+    Field field() const;
 };
 
 struct PlyElement {
     std::string name;
     std::uint64_t count = 0;
+    Place place;
     std::vector<PlyProperty> properties;
 
     /// Bytes that one takes at least, with empty lists.
@@ -32,7 +37,7 @@ struct PlyHeader {
     Body body = Ascii;
     std::vector<PlyElement> elements;
     std::size_t bodyStart = 0;
-    std::size_t lines = 0;  ///< of the header
+    Place end;  ///< of its line
 };
 
 /// Throws FormatFault.

@@ -49,15 +49,28 @@ public:
             else
                 skip(element);
         }
-        if (!hasVertices_) throw FormatFault("no element named vertex");
+        if (!hasVertices_) failAt(header_.end, "no element named vertex");
+        describe();
         if (!values_.isAtEnd()) {
             leaveOut("bytes behind the last element");
-            scene_.rest = values_.offset();
+            scene_.rest = values_.place().offset;
         }
         return scene_;
     }
 
 private:
+    void describe() {
+        const char* const bodies[] = {"ascii", "binary_little_endian", "binary_big_endian"};
+        scene_.body = bodies[header_.body];
+        scene_.rawBytes = values_.rawBytes();
+        for (const PlyElement& element : header_.elements)
+            for (const PlyProperty& property : element.properties) {
+                Field field = property.field();
+                if (element.name != "vertex") field.name = element.name + "." + field.name;
+                scene_.fields.push_back(field);
+            }
+    }
+
     void leaveOut(const std::string& what) { scene_.leftOut.push_back(what); }
 
     /// Of an element whose number the bytes that are left can hold.
@@ -65,7 +78,8 @@ private:
         // The last word of a text may end without a blank.
         const bool isAscii = header_.body == PlyHeader::Ascii;
         return boundedCount(element.count, element.leastBytes(isAscii),
-                            values_.bytesLeft() + (isAscii ? 1 : 0), element.name + " elements");
+                            values_.bytesLeft() + (isAscii ? 1 : 0), element.name + " elements",
+                            element.place);
     }
 
     void readList(const PlyProperty& list, std::vector<double>& values) {
@@ -86,10 +100,10 @@ private:
 
     void readVertices(const PlyElement& element) {
         const Columns columns(element);
-        if (element.properties.empty()) throw FormatFault("vertices without properties");
+        if (element.properties.empty()) failAt(element.place, "vertices without properties");
         const int count = countOf(element);
         PointColumns points(count, columns.roles);
-        if (!points.hasPoints()) throw FormatFault("the vertices have no x, y and z");
+        if (!points.hasPoints()) failAt(element.place, "the vertices have no x, y and z");
         PointRow row{};
         for (int i = 0; i < count; ++i) {
             readRow(element, columns, row);
@@ -109,20 +123,15 @@ private:
         std::vector<PointRow> rows;  // one a triangle, where the faces have attributes
         const bool hasAttributes = properties.size() > 1;
         PointRow row{};
-        Faces faces;
+        Faces faces(0);
         for (int i = 0; i < count; ++i) {
+            const Place place = values_.place();
             readRow(element, columns, row);
-            const int added = addFace(faces);
+            const int added = faces.add(corners_, scene_.cloud.Length(), place);
             if (hasAttributes) rows.insert(rows.end(), static_cast<std::size_t>(added), row);
         }
         faces.finish(scene_);
         takeAttributes(columns, rows);
-    }
-
-    int addFace(Faces& faces) const try {
-        return faces.add(corners_, scene_.cloud.Length());
-    } catch (const FormatFault& fault) {
-        values_.fail(fault.why);
     }
 
     void takeAttributes(const Columns& columns, const std::vector<PointRow>& rows) {

@@ -15,22 +15,25 @@ public:
     double next(const Scalar& scalar);
     /// The number of values of a list, no more than what is left can hold.
     std::size_t nextCount(const PlyProperty& list);
-    /// In the file, of what comes next.
-    std::size_t offset() const { return at_; }
     std::size_t bytesLeft() const { return bytes_.size() - at_; }
     /// Whether nothing but blanks follows.
     bool isAtEnd();
-    /// Throws FormatFault with the place.
-    [[noreturn]] void fail(const std::string& why) const;
+    /// Of what comes next.
+    Place place();
+    /// Bytes of the values so far, by their types.
+    std::uint64_t rawBytes() const { return rawBytes_; }
 
 private:
+    [[noreturn]] void fail(const std::string& why) const;
     double nextBinary(const Scalar& scalar);
     double nextWord();
     void skipBlanks();
 
     std::string_view bytes_;
     PlyHeader::Body body_;
-    std::size_t at_, line_;
+    std::size_t at_;
+    Place line_;  ///< of a text
+    std::uint64_t rawBytes_ = 0;
 };
 
 }  // namespace zyr

@@ -39,6 +39,11 @@ bool Scalar::isKnown() const {
     return (kind == 'I' || kind == 'U') && (size == 1 || size == 2 || size == 4 || size == 8);
 }
 
+std::string Scalar::name() const {
+    const char* word = kind == 'F' ? "float" : kind == 'I' ? "int" : "uint";
+    return word + std::to_string(8 * size);
+}
+
 double loadScalar(const Scalar& scalar, const char* bytes, bool isSwapped) {
     std::array<char, 8> raw{};
     std::copy_n(bytes, scalar.size, raw.begin());

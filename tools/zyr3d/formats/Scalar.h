@@ -13,6 +13,8 @@ struct Scalar {
 
     /// Whether loadScalar knows it.
     bool isKnown() const;
+    /// Such as "uint16".
+    std::string name() const;
 };
 
 /// The value of a known scalar, little-endian unless bytes are swapped.

@@ -41,10 +41,8 @@ Scene readScene(const std::string& path) try {
     }
     return format->fromPath != nullptr ? format->fromPath(path)
                                        : format->fromBytes(readBytes(path));
-} catch (const CutShort& fault) {
-    throw Fault(path, fault.what(), fileSize(path), fault.why);
 } catch (const FormatFault& fault) {
-    throw Fault(path, fault.what(), fault.offset, fault.why);
+    throw Fault(path, fault.what(), fault.offset ? *fault.offset : fileSize(path), fault.why);
 } catch (const std::bad_alloc&) {
     throw FileTrouble(path + ": needs more memory than there is");
 }

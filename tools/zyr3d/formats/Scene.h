@@ -11,6 +11,11 @@
 
 namespace zyr {
 
+/// A column of a file, with its type as info prints it.
+struct Field {
+    std::string name, type;
+};
+
 /// What a file of any format gives. Points that are missing are invalid vectors in place, whatever
 /// the format marks them with. Copies share the arrays.
 struct Scene {
@@ -26,6 +31,11 @@ struct Scene {
     ZyrColorArray pixelColors;         ///< of the kind Range: none, or one a value, as one row
     std::vector<std::string> leftOut;  ///< what the file has and the scene has not, for people
 
+    // Of foreign files:
+    std::vector<Field> fields;   ///< as the file names them
+    std::string body;            ///< the kind of it
+    std::uint64_t rawBytes = 0;  ///< of all values by their types
+
     std::optional<std::uint64_t> rest;  ///< where bytes start that belong to nothing, if any do
 
     bool isGrid() const { return columns > 0 && rows > 0; }
@@ -34,7 +44,7 @@ struct Scene {
 };
 
 /// Reads a file that may hold anything, by its suffix in any letter case: zpt, ztmt, zrt, ply, stl,
-/// obj, pcd, xyz, txt, csv, npy, png, tif, tiff. Throws FileTrouble.
+/// obj, pcd, xyz, txt, csv, npy, png, tif, tiff, jpg, jpeg, bmp. Throws FileTrouble.
 Scene readScene(const std::string& path);
 
 /// Whether readScene knows the path's suffix.

@@ -50,13 +50,25 @@ private:
     Zyr3DIntArray corners_;
 };
 
+/// The format has these fields alone.
+Scene described(Scene scene, const std::string& body) {
+    const auto triangles = static_cast<std::uint64_t>(scene.triangleCount());
+    scene.body = body;
+    for (const char* name : {"normal", "corner1", "corner2", "corner3"})
+        scene.fields.push_back({name, "float32[3]"});
+    if (body == "binary") scene.fields.push_back({"attributes", "uint16"});
+    scene.rawBytes = triangles * (body == "binary" ? kRecord : 48);
+    return scene;
+}
+
 std::uint64_t recordsOf(std::string_view bytes) {
     return bytes.size() < kHead ? 0 : loadAs<std::uint32_t>(bytes.data() + kHead - 4);
 }
 
 Scene readBinary(std::string_view bytes) {
     if (bytes.size() < kHead) throw CutShort("a binary STL file has 84 bytes at least");
-    const int count = boundedCount(recordsOf(bytes), kRecord, bytes.size() - kHead, "triangles");
+    const int count =
+        boundedCount(recordsOf(bytes), kRecord, bytes.size() - kHead, "triangles", {kHead - 4});
     Welding welding;
     bool hasAttributes = false;
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
@@ -69,7 +81,7 @@ Scene readBinary(std::string_view bytes) {
             welding.addCorner(value(corner), value(corner + 1), value(corner + 2));
         hasAttributes = hasAttributes || loadAs<std::uint16_t>(record + 48) != 0;
     }
-    Scene scene = welding.finish();
+    Scene scene = described(welding.finish(), "binary");
     if (hasAttributes) scene.leftOut.push_back("attribute bytes of the triangles");
     const std::size_t end = kHead + kRecord * static_cast<std::size_t>(count);
     if (hasContent(bytes.substr(end))) {
@@ -95,23 +107,22 @@ public:
             if (keyword == "endfacet") endFacet();
             if (keyword == "endsolid") isWhole_ = true;
         }
-        if (isInFacet_ || !isWhole_)
-            failAtLine(lines_.number(), lines_.offset(), "cut short: no endsolid");
-        return welding_.finish();
+        if (isInFacet_ || !isWhole_) throw CutShort("no endsolid");
+        return described(welding_.finish(), "ascii");
     }
 
 private:
+    [[noreturn]] void fail(const std::string& why) const { failAt(lines_.place(), why); }
+
     void takeThree(std::size_t from, double* values) {
-        if (words_.size() < from + 3)
-            failAtLine(lines_.number(), lines_.start(), "three numbers are needed");
+        if (words_.size() < from + 3) fail("three numbers are needed");
         for (std::size_t i = 0; i < 3; ++i)
             if (!parseNumber(words_[from + i], values[i]))
-                failAtLine(lines_.number(), lines_.start(),
-                           "not a number: " + quoted(words_[from + i]));
+                fail("not a number: " + quoted(words_[from + i]));
     }
 
     void startFacet() {
-        if (isInFacet_) failAtLine(lines_.number(), lines_.start(), "a facet inside a facet");
+        if (isInFacet_) fail("a facet inside a facet");
         isInFacet_ = true;
         isWhole_ = false;
         corners_ = 0;
@@ -121,16 +132,14 @@ private:
     }
 
     void addVertex() {
-        if (!isInFacet_ || ++corners_ > 3)
-            failAtLine(lines_.number(), lines_.start(), "a vertex that belongs to no triangle");
+        if (!isInFacet_ || ++corners_ > 3) fail("a vertex that belongs to no triangle");
         double corner[3];
         takeThree(1, corner);
         welding_.addCorner(corner[0], corner[1], corner[2]);
     }
 
     void endFacet() {
-        if (!isInFacet_ || corners_ != 3)
-            failAtLine(lines_.number(), lines_.start(), "a facet of other than 3 vertices");
+        if (!isInFacet_ || corners_ != 3) fail("a facet of other than 3 vertices");
         isInFacet_ = false;
     }
 

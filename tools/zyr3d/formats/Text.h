@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/Fault.h"
+
 /// Text of foreign files, the same whatever the locale.
 namespace zyr {
 
@@ -18,8 +20,8 @@ public:
     bool next(std::string_view& line);
     /// Of the line that next gave, from 1.
     std::size_t number() const { return number_; }
-    /// Where it starts, and the line after it.
-    std::size_t start() const { return start_; }
+    /// Where it is, and where the line after it starts.
+    Place place() const { return {start_, number_}; }
     std::size_t offset() const { return at_; }
 
 private:

@@ -59,9 +59,8 @@ private:
         return bytes.substr(0, 3) == "\xEF\xBB\xBF" ? bytes.substr(3) : bytes;
     }
 
-    [[noreturn]] void fail(const std::string& why) const {
-        failAtLine(lines_.number(), mark_ + lines_.start(), why);
-    }
+    Place place() const { return {mark_ + lines_.place().offset, lines_.place().line}; }
+    [[noreturn]] void fail(const std::string& why) const { failAt(place(), why); }
 
     static std::string_view withoutHashes(std::string_view line) {
         return line.substr(std::min(line.find_first_not_of("#/ \t"), line.size()));
@@ -83,6 +82,7 @@ private:
             roles_.push_back(role == Role::Packed ? Role::None : role);
         }
         width_ = names_.size();
+        namesAt_ = place();
     }
 
     void takeRow() {
@@ -123,11 +123,19 @@ private:
         for (std::size_t i = 0; i < width_; ++i) names_.push_back(std::to_string(i + 1));
     }
 
+    std::string guessedName(std::size_t column) const {
+        constexpr std::array<const char*, 10> kNames = {"x",  "y",   "z",     "nx",   "ny",
+                                                        "nz", "red", "green", "blue", "alpha"};
+        const auto role = static_cast<std::size_t>(roles_[column]);
+        return role < kNames.size() ? kNames[role] : names_[column];
+    }
+
     Scene finish() {
-        if (roles_.empty()) guessRoles();
+        const bool isGuess = roles_.empty();
+        if (isGuess) guessRoles();
         const std::size_t count = width_ > 0 ? values_.size() / width_ : 0;
-        PointColumns columns(boundedCount(count, 0, 0, "points"), roles_);
-        if (!columns.hasPoints()) throw FormatFault("no columns x, y and z");
+        PointColumns columns(boundedCount(count, 0, 0, "points", place()), roles_);
+        if (!columns.hasPoints()) failAt(namesAt_, "no columns x, y and z");
         PointRow row{};
         for (std::size_t i = 0; i < count; ++i) {
             for (std::size_t c = 0; c < width_; ++c) at(row, roles_[c]) = values_[i * width_ + c];
@@ -135,6 +143,10 @@ private:
         }
         Scene scene;
         scene.cloud = columns.cloud();
+        scene.body = "ascii";
+        scene.rawBytes = 8 * values_.size();
+        for (std::size_t i = 0; i < width_; ++i)
+            scene.fields.push_back({isGuess ? guessedName(i) : names_[i], "float64"});
         const std::string unused = unusedColumns(names_, roles_);
         if (!unused.empty()) scene.leftOut.push_back("columns " + unused);
         return scene;
@@ -144,6 +156,7 @@ private:
     Lines lines_;
     std::vector<std::string_view> cells_;
     std::vector<std::string> names_;
+    Place namesAt_{0, 1};
     std::vector<Role> roles_;
     std::vector<double> values_;
     std::size_t width_ = 0;

@@ -20,6 +20,20 @@ void addFields(Facts& facts, const CloudHeader& header) {
               header.fields);
 }
 
+void addFields(Facts& facts, const std::vector<Field>& fields) {
+    std::vector<std::string> names, types;
+    std::string text;
+    for (const Field& field : fields) {
+        if (!types.empty() && field.type != types.back()) text += " (" + types.back() + ")";
+        text += (text.empty() ? "" : " ") + field.name;
+        names.push_back(field.name);
+        types.push_back(field.type);
+    }
+    if (!types.empty()) text += " (" + types.back() + ")";
+    facts.add("fields", text.empty() ? "none" : text, names);
+    facts.add("types", "", types);
+}
+
 void addBody(Facts& facts, const CloudHeader& header) {
     const bool isAscii = header.body == "ascii";
     facts.add("body", isAscii ? "ascii (not decoded: all points at the origin)" : header.body,

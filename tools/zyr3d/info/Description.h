@@ -5,6 +5,7 @@
 #include "Facts.h"
 #include "ZyrVector3dArray.h"
 #include "files/TextHeaderFile.h"
+#include "formats/Scene.h"
 
 namespace cv {
 class Mat;
@@ -29,6 +30,7 @@ Description describeForeignFile(const std::string& path);
 // What the descriptions share.
 
 void addFields(Facts& facts, const CloudHeader& header);
+void addFields(Facts& facts, const std::vector<Field>& fields);
 void addBody(Facts& facts, const CloudHeader& header);
 /// No channels are none.
 void addColors(Facts& facts, const std::string& label, int channels);

@@ -31,6 +31,7 @@ int channels(bool isThere, const ZyrColorArray& colors) {
 
 void addCloud(Facts& facts, Scene& scene) {
     facts.word("kind", "point cloud");
+    addFields(facts, scene.fields);
     addPoints(facts, scene, "points");
     addColors(facts, "colours", channels(scene.cloud.IsValidColor(), scene.cloud.ColorData()));
     addYesNo(facts, "normals", scene.cloud.IsValidNormal());
@@ -38,6 +39,7 @@ void addCloud(Facts& facts, Scene& scene) {
 
 void addMesh(Facts& facts, Scene& scene) {
     facts.word("kind", "triangle mesh");
+    addFields(facts, scene.fields);
     addPoints(facts, scene, "vertices");
     const ZyrTriangleMesh mesh = scene.mesh();
     facts.count("triangles", count(scene.triangleCount()));
@@ -70,7 +72,8 @@ Description describeForeignFile(const std::string& path) {
         for (const std::string& part : scene.leftOut) text += (text.empty() ? "" : "; ") + part;
         facts.add("not read", text, scene.leftOut);
     }
-    facts.count("bytes on disk", fileSize(path));
+    facts.word("body", scene.body);
+    addDiskBytes(facts, scene.rawBytes, fileSize(path));
     return description;
 }
 

@@ -66,8 +66,7 @@ Scale heightScale(const Subject& subject) {
 }
 
 ColorBy colorOf(const Subject& subject, const Look& look) {
-    const bool hasColors = !subject.colors.empty() || !subject.triangleColors.empty();
-    return look.color.value_or(hasColors ? ColorBy::Rgb : ColorBy::Height);
+    return look.color.value_or(subject.hasColors() ? ColorBy::Rgb : ColorBy::Height);
 }
 
 cv::Mat shade(const Subject& subject, const Camera& camera, const Look& look, int finer,

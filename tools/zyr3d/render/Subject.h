@@ -23,6 +23,7 @@ struct Subject {
     bool isHeightMap = false;  ///< a grid of heights, which is looked at from above
     int strays = 0;            ///< points so far from all others that they were left out
 
+    bool hasColors() const { return !colors.empty() || !triangleColors.empty(); }
     bool isEmpty() const { return triangles.empty() && splats.empty(); }
 };
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zyr {
+
+struct PictureFault {
+    std::uint64_t at;
+    std::string why;
+};
+
+/// What the frame of a picture's bytes shows to be wrong, before or besides its decoding, which is
+/// lenient: the first bytes, the chunks of a PNG with their checksums, the end mark of a JPEG, the
+/// sizes of a BMP, the place of a TIFF's first directory. Bytes behind the end are a fault, but not
+/// of a TIFF, which may have gaps.
+std::optional<PictureFault> scanPicture(const std::vector<unsigned char>& bytes);
+
+}  // namespace zyr
