@@ -1,9 +1,17 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 #include "Allocations.h"
 #include "FaultyFile.h"
 #include "Formats.h"
 #include "support/MatrixLimit.h"
+#include "support/Sanitizer.h"
 
 // Memory that runs out at each allocation in turn: false, nothing lost, and objects that go on
 // working.
@@ -51,12 +59,81 @@ protected:
         return n - 1;
     }
 
+    /// Loads the file under limits of the address space from what is in use on; true where each
+    /// load gave all of it or false, and all of it without a limit.
+    bool copesWithLimits(const std::string& path) const;
+
     test::TempFolder folder_;
     std::string file_ = folder_.path("file");
     std::string sample_ = GetParam().samplePath();
 };
 
+/// All memory of a process that may not take more, but for the pieces that are given back.
+class NoMemory {
+public:
+    NoMemory() {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        getrlimit(RLIMIT_AS, &before_);
+        const rlimit limit{pages * static_cast<rlim_t>(getpagesize()), before_.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+        // Pieces that the C library joins, and then what is left between them.
+        takeAll(1 << 20);
+        takeAll(1 << 11);
+        pieces_ = last_;
+        takeAll(16);
+    }
+    ~NoMemory() { setrlimit(RLIMIT_AS, &before_); }
+    NoMemory(const NoMemory&) = delete;
+    NoMemory& operator=(const NoMemory&) = delete;
+
+    void giveBack() {
+        Piece* piece = pieces_;
+        pieces_ = piece->before;
+        std::free(piece);
+    }
+
+private:
+    struct Piece {
+        Piece* before;
+    };
+
+    void takeAll(std::size_t bytes) {
+        for (void* taken = std::malloc(bytes); taken != nullptr; taken = std::malloc(bytes))
+            last_ = new (taken) Piece{last_};
+    }
+
+    rlimit before_{};
+    Piece* last_ = nullptr;
+    Piece* pieces_ = nullptr;
+};
+
+bool MemoryFaults::copesWithLimits(const std::string& path) const {
+    Content content, whole;
+    const auto load = [&](Content& c) { return GetParam().load(c, path.c_str(), true, true); };
+    const bool isGood = load(whole);
+    int refused = 0;
+    {
+        NoMemory memory;
+        for (; !load(content); ++refused) memory.giveBack();
+    }
+    return isGood && refused > 0 && test::bytesOf(content) == test::bytesOf(whole);
+}
+
 }  // namespace
+
+TEST_P(MemoryFaults, UnderALimitOfTheAddressSpaceLoadingGivesFalseUntilThereIsEnough) {
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizers need the addresses";
+    const std::string folder = std::string(ZYR_GOLDEN_DIR "/") + GetParam().folder;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".py") continue;
+        const pid_t child = fork();
+        if (child == 0) std::_Exit(copesWithLimits(entry.path()) ? 0 : 1);
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0) << entry.path();
+    }
+}
 
 TEST_P(MemoryFaults, LoadingGivesFalseAtEachAllocation) {
     EXPECT_GT(forEachAllocation([&](Content& fresh) { return load(fresh); }), 0);
