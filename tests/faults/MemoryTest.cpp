@@ -10,6 +10,7 @@
 #include "Allocations.h"
 #include "FaultyFile.h"
 #include "Formats.h"
+#include "ZyrTriangleMesh.h"
 #include "support/MatrixLimit.h"
 #include "support/Sanitizer.h"
 
@@ -35,6 +36,22 @@ public:
     using MatrixLimit::allocate;
 };
 
+/// Calls use with one allocation after the other failing, until none is reached: it succeeds only
+/// then. Gives how many there are.
+template <class Use>
+long forEachAllocation(Use use) {
+    const SteadyMatrices steady;
+    long n = 0;
+    for (bool hasFailed = true; hasFailed; ++n) {
+        Content fresh;
+        test::failAllocation(n);
+        const bool isGood = use(fresh);
+        hasFailed = test::endFailing();
+        EXPECT_EQ(isGood, !hasFailed) << n;
+    }
+    return n - 1;
+}
+
 class MemoryFaults : public test::EachFormat {
 protected:
     bool load(Content& content) const {
@@ -43,24 +60,8 @@ protected:
 
     bool save(Content& content) const { return GetParam().save(content, file_.c_str()); }
 
-    /// Calls use with one allocation after the other failing, until none is reached: it succeeds
-    /// only then. Gives how many there are.
-    template <class Use>
-    long forEachAllocation(Use use) {
-        const SteadyMatrices steady;
-        long n = 0;
-        for (bool hasFailed = true; hasFailed; ++n) {
-            Content fresh;
-            test::failAllocation(n);
-            const bool isGood = use(fresh);
-            hasFailed = test::endFailing();
-            EXPECT_EQ(isGood, !hasFailed) << n;
-        }
-        return n - 1;
-    }
-
-    /// Loads the file under limits of the address space from what is in use on; true where each
-    /// load gave all of it or false, and all of it without a limit.
+    /// Loads the file while the address space is used up, with a little more memory each time. True
+    /// where that gives false and then all of the file.
     bool copesWithLimits(const std::string& path) const;
 
     test::TempFolder folder_;
@@ -77,11 +78,11 @@ public:
         getrlimit(RLIMIT_AS, &before_);
         const rlimit limit{pages * static_cast<rlim_t>(getpagesize()), before_.rlim_max};
         setrlimit(RLIMIT_AS, &limit);
-        // Pieces that the C library joins, and then what is left between them.
+        // Pieces that the C library joins, and then what it keeps of any smaller size.
         takeAll(1 << 20);
         takeAll(1 << 11);
         pieces_ = last_;
-        takeAll(16);
+        for (std::size_t bytes = 1 << 11; bytes > 0; bytes -= 8) takeAll(bytes);
     }
     ~NoMemory() { setrlimit(RLIMIT_AS, &before_); }
     NoMemory(const NoMemory&) = delete;
@@ -187,6 +188,23 @@ TEST_P(MemoryFaults, WithoutMemoryForMatricesLoadingGivesFalse) {
         EXPECT_FALSE(load(content));
     }
     EXPECT_TRUE(load(content));
+}
+
+TEST(MemoryFaultsOfObjects, AMeshLoadsAndSavesUnderEitherPathOrGivesFalse) {
+    const test::TempFolder folder;
+    const std::string golden = ZYR_GOLDEN_DIR "/mesh/mesh_vn_vc3_tn_tc4.ztmt";
+    const std::string file = folder.path("a.ztmt");
+    const std::wstring wideGolden(golden.begin(), golden.end()), wideFile(file.begin(), file.end());
+    ZyrTriangleMesh mesh, saved;
+    ASSERT_TRUE(saved.Load(golden.c_str(), true, true));
+    const auto reaches = [](auto use) {
+        return forEachAllocation([&](Content&) { return use(); }) > 0;
+    };
+    EXPECT_TRUE(reaches([&] { return mesh.Load(golden.c_str(), true, true); }));
+    EXPECT_TRUE(reaches([&] { return mesh.Load(wideGolden.c_str(), true, true); }));
+    EXPECT_TRUE(reaches([&] { return saved.Save(file.c_str(), true, true); }));
+    EXPECT_TRUE(reaches([&] { return saved.Save(wideFile.c_str(), true, true); }));
+    EXPECT_TRUE(mesh.Load(file.c_str(), true, true));
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, MemoryFaults, testing::ValuesIn(test::formats()),
