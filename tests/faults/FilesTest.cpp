@@ -63,7 +63,7 @@ void becomeNobody() {
 /// Mounts a file system of 64 KB that this process alone sees.
 bool mountSmallDisk(const std::string& folder) {
     return unshare(CLONE_NEWNS) == 0 &&
-           mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0 &&
            mount("none", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
 }
 
