@@ -1,5 +1,5 @@
-// Saving and loading point clouds, beside the plain way: gather all columns, encode them with
-// liblzf, write; and the same back.
+// Saving and loading point clouds, beside the plain way: gather all columns, encode them as their
+// format is worded or with liblzf, write; and the same back.
 
 #include <Zyr3DData.h>
 #include <liblzf/lzf.h>
@@ -9,6 +9,7 @@
 
 #include "Inputs.h"
 #include "Measure.h"
+#include "PlainCodec.h"
 
 namespace {
 
@@ -26,39 +27,71 @@ ZyrPointCloud cloudOf(const bench::Cloud& input) {
     return cloud;
 }
 
-std::vector<unsigned char> columnsOf(const std::vector<double>& xyz) {
+using Bytes = std::vector<unsigned char>;
+
+Bytes columnsOf(const std::vector<double>& xyz) {
     const std::size_t points = xyz.size() / 3;
-    std::vector<unsigned char> bytes(xyz.size() * sizeof(double));
+    Bytes bytes(xyz.size() * sizeof(double));
     for (std::size_t k = 0; k < 3; ++k)
         for (std::size_t i = 0; i < points; ++i)
             std::memcpy(&bytes[(k * points + i) * sizeof(double)], &xyz[3 * i + k], sizeof(double));
     return bytes;
 }
 
+struct WordedCodec {
+    static constexpr const char* kName = "plain";
+    static std::size_t encode(const Bytes& body, Bytes& stream) {
+        return bench::PlainEncoder(body.data(), body.size(), stream.data()).encode();
+    }
+    static std::size_t decode(const Bytes& stream, Bytes& body) {
+        return bench::plainDecode(stream.data(), stream.size(), body.data(), body.size());
+    }
+};
+
+struct PeerCodec {
+    static constexpr const char* kName = "plain, liblzf";
+    static std::size_t encode(const Bytes& body, Bytes& stream) {
+        return lzf_compress(body.data(), static_cast<unsigned>(body.size()), stream.data(),
+                            static_cast<unsigned>(stream.size()));
+    }
+    static std::size_t decode(const Bytes& stream, Bytes& body) {
+        return lzf_decompress(stream.data(), static_cast<unsigned>(stream.size()), body.data(),
+                              static_cast<unsigned>(body.size()));
+    }
+};
+
+template <class Codec>
 bool savePlainly(const std::vector<double>& xyz, const char* path) {
-    const std::vector<unsigned char> body = columnsOf(xyz);
-    std::vector<unsigned char> stream(body.size() * 3 / 2);
-    const auto size = lzf_compress(body.data(), static_cast<unsigned>(body.size()), stream.data(),
-                                   static_cast<unsigned>(stream.size()));
+    const Bytes body = columnsOf(xyz);
+    Bytes stream(body.size() * 3 / 2);
+    const auto size = static_cast<unsigned>(Codec::encode(body, stream));
     std::FILE* file = std::fopen(path, "wb");
     if (file == nullptr) return false;
-    std::fprintf(file, "POINTS %zu\n", xyz.size() / 3);
+    const std::size_t points = xyz.size() / 3;
+    std::fprintf(file,
+                 "# .PCD v.7 - Point Cloud Data file format\nVERSION .7\nFIELDS x y z\nSIZE 8 8 8\n"
+                 "TYPE F F F\nCOUNT 1 1 1\nWIDTH %zu\nHEIGHT 1\nVIEWPOINT 0 0 0 1 0 0 0\n"
+                 "POINTS %zu\nDATA binary_compressed\n",
+                 points, points);
     std::fwrite(&size, sizeof size, 1, file);
     std::fwrite(stream.data(), 1, size, file);
     return std::fclose(file) == 0;
 }
 
+template <class Codec>
 bool loadPlainly(const char* path) {
     std::FILE* file = std::fopen(path, "rb");
     std::size_t points = 0;
     unsigned size = 0;
-    if (file == nullptr || std::fscanf(file, "POINTS %zu", &points) != 1 ||
-        std::fgetc(file) != '\n' || std::fread(&size, sizeof size, 1, file) != 1)
-        return false;
-    std::vector<unsigned char> stream(size), body(points * 3 * sizeof(double));
-    const bool isRead = std::fread(stream.data(), 1, size, file) == size;
+    if (file == nullptr) return false;
+    for (char line[256];
+         std::fgets(line, sizeof line, file) != nullptr && std::strncmp(line, "DATA", 4) != 0;)
+        std::sscanf(line, "POINTS %zu", &points);
+    if (points == 0 || std::fread(&size, sizeof size, 1, file) != 1) return false;
+    Bytes stream(size), body(points * 3 * sizeof(double));
+    bool isRead = std::fread(stream.data(), 1, size, file) == size;
     std::fclose(file);
-    lzf_decompress(stream.data(), size, body.data(), static_cast<unsigned>(body.size()));
+    isRead = isRead && Codec::decode(stream, body) == body.size();
     std::vector<ZyrVector3d> vectors(points);
     for (std::size_t k = 0; k < 3; ++k)
         for (std::size_t i = 0; i < points; ++i)
@@ -82,12 +115,18 @@ void addOurs(const std::string& set, const ZyrPointCloud& cloud, bool withColors
     });
 }
 
+template <class Codec>
 void addPlain(const std::string& set, const std::vector<double>& xyz) {
     const std::size_t points = xyz.size() / 3;
-    const auto save = [=](const char* path) { return savePlainly(xyz, path); };
-    add("save cloud", set, "plain", points, [=] { return FileCall("plain", save); });
-    add("load cloud", set, "plain", points,
-        [=] { return bench::readingCall("plain", save, loadPlainly); });
+    const auto save = [=](const char* path) { return savePlainly<Codec>(xyz, path); };
+    add("save cloud", set, Codec::kName, points, [=] { return FileCall("plain", save); });
+    add("load cloud", set, Codec::kName, points,
+        [=] { return bench::readingCall("plain", save, loadPlainly<Codec>); });
+}
+
+void addPlain(const std::string& set, const std::vector<double>& xyz) {
+    addPlain<WordedCodec>(set, xyz);
+    addPlain<PeerCodec>(set, xyz);
 }
 
 /// Directions as normals.

@@ -1,7 +1,21 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
+#include <memory>
 #include <vector>
+
+#include "ZyrVector3d.h"
+
+/// A run of vectors in one move. The standard library copies one by one what has a default
+/// constructor of its own.
+template <>
+inline ZyrVector3d* std::uninitialized_copy(const ZyrVector3d* first, const ZyrVector3d* last,
+                                            ZyrVector3d* place) {
+    const auto count = static_cast<std::size_t>(last - first);
+    if (count > 0) std::memcpy(static_cast<void*>(place), first, count * sizeof(ZyrVector3d));
+    return place + count;
+}
 
 /// Filling memory that nobody has touched yet.
 namespace zyr {
@@ -23,7 +37,7 @@ template <class T>
 std::vector<T> copyOf(const std::vector<T>& elements) {
     std::vector<T> copy;
     reserveFresh(copy, elements.size());
-    copy.insert(copy.end(), elements.begin(), elements.end());
+    copy.insert(copy.end(), elements.data(), elements.data() + elements.size());
     return copy;
 }
 

@@ -46,7 +46,7 @@ template <class T>
 void appendAll(std::vector<T>& list, const std::vector<T>& other) {
     if (&list != &other) {
         if (list.empty()) reserveFresh(list, other.size());
-        list.insert(list.end(), other.begin(), other.end());
+        list.insert(list.end(), other.data(), other.data() + other.size());
         return;
     }
     const std::size_t count = list.size();
