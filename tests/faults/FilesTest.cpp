@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -57,6 +59,15 @@ void becomeNobody() {
     if (geteuid() != 0) return;
     if (setegid(65534) != 0 || seteuid(65534) != 0) std::_Exit(2);
 }
+
+/// Mounts a file system of 64 KB that this process alone sees.
+bool mountSmallDisk(const std::string& folder) {
+    return unshare(CLONE_NEWNS) == 0 &&
+           mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           mount("none", folder.c_str(), "tmpfs", 0, "size=64k") == 0;
+}
+
+constexpr int kNoDisk = 3;
 
 }  // namespace
 
@@ -158,6 +169,28 @@ TEST_P(FileFaults, AFullDiskIsNoticedWhereStated) {
     std::filesystem::create_symlink("/dev/full", file());
     Content content = test::sampleOf(GetParam());
     EXPECT_EQ(save(content, file()), !GetParam().noticesWriteFaults);
+}
+
+TEST_P(FileFaults, ADiskThatFillsUpIsNoticedWhereStatedAndServesAgainWithRoom) {
+    const auto use = [&] {
+        if (!mountSmallDisk(folder_.path(""))) std::_Exit(kNoDisk);
+        Content content = test::sampleOf(GetParam());
+        const Bytes before = test::bytesOf(content);
+        test::writeFile(file("filler"), Bytes(64 << 10));
+        const bool isSaved = save(content, file());
+        std::filesystem::remove(file("filler"));
+        const bool isSavedWithRoom = save(content, file());
+        exitWith(isSaved == !GetParam().noticesWriteFaults && isSavedWithRoom &&
+                 loaded(file()) == loaded(GetParam().samplePath()) &&
+                 test::bytesOf(content) == before);
+    };
+    const pid_t child = fork();
+    if (child == 0) use();
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoDisk)
+        GTEST_SKIP() << "no rights to mount a file system";
+    EXPECT_EQ(status, 0);
 }
 
 TEST_P(FileFaults, AFileBeyondTheLimitOfItsSizeIsNoticedWhereStated) {

@@ -7,17 +7,12 @@
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
 #include "ZyrTriangleMesh.h"
+#include "support/Sanitizer.h"
 #include "support/ScopedVariable.h"
 
 // Decimal commas, thousands' dots and the Turkish i change no byte of a file and no result.
 
 using test::Bytes;
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizer = true;
-#else
-constexpr bool kHasSanitizer = false;
-#endif
 
 namespace {
 
@@ -36,7 +31,8 @@ void PrintTo(const LocaleName& locale, std::ostream* out) {
 class Locales : public testing::TestWithParam<LocaleName> {
 protected:
     void SetUp() override {
-        if (kHasSanitizer) GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
+        if (test::hasSanitizer())
+            GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
         const std::string name = GetParam().name();
         const std::string command = std::string("localedef -i ") + GetParam().language + " -f " +
                                     GetParam().charset + " '" + folder_.path(name) +

@@ -142,6 +142,19 @@ TEST_P(HeaderNumbers, OfAPreambleGiveAConsistentResult) {
     }
 }
 
+TEST_P(HeaderNumbers, OfWordsInALineStopItBeyondSixtyOne) {
+    for (const test::Format* format : {&cloudFormat(), &meshFormat()}) {
+        const Parts parts = partsOf(*format, GetParam());
+        for (const int words : {60, 61, 62, 63}) {
+            std::string line = "VIEWPOINT";
+            for (int i = 1; i < words; ++i) line += " 0";
+            const Bytes bytes = together(line + "\n" + parts.header, parts.body);
+            EXPECT_EQ(test::PlainHeader(bytes).stop(), words > 61 ? test::kStopLine : "") << words;
+            check(*format, bytes);
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Kinds, HeaderNumbers,
                          testing::Values("binary_compressed", "binary", "ascii"),
                          [](const auto& kind) { return std::string(kind.param); });

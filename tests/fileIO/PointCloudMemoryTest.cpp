@@ -5,14 +5,9 @@
 #include <fstream>
 
 #include "support/CloudFile.h"
+#include "support/Sanitizer.h"
 
 /// Allocations that fail, in a child process that may not take more memory.
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizer = true;
-#else
-constexpr bool kHasSanitizer = false;
-#endif
 
 namespace {
 
@@ -33,7 +28,7 @@ void limitMemory() {
 }  // namespace
 
 TEST(PointCloudMemory, LoadingWithoutEnoughGivesFalseForEveryKindOfBody) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer needs the address space";
     for (const char* kind : {"ascii", "binary", "binary_compressed"}) {
         const test::CloudHeader header =
             test::CloudHeader(kPoints).columns("x y z", "4 4 4", "F F F", "1 1 1").kind(kind);

@@ -196,6 +196,17 @@ TEST_F(RangeImageFileRead, AnUnknownTypeLeavesTheValuesAndReadsOn) {
     }
 }
 
+TEST_F(RangeImageFileRead, AnUnknownTypesBlockOfAnyLengthIsPassedOver) {
+    RangeFile file = sample();
+    file.type = 7;
+    for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 200000U}) {
+        file.valueStream = Bytes(size, 1);
+        stores_.colors = cv::Mat();
+        ASSERT_TRUE(load(file.bytes(), true)) << size;
+        expectGrid(stores_.colors, 2, 3, CV_8UC3, test::goldenRangeColors(3));
+    }
+}
+
 TEST_F(RangeImageFileRead, AnUnknownTypeLoadsWhateverTheSizesSay) {
     RangeFile file = sample();
     file.type = 7;

@@ -4,6 +4,7 @@
 #include "support/CloudFile.h"
 #include "support/DoubleBits.h"
 #include "support/GoldenCloud.h"
+#include "support/MeshFile.h"
 
 /// Files read where points and normals share one store.
 
@@ -67,4 +68,15 @@ TEST(SharedStores, PointsAreThoseOfTheFileWhereItsNormalsAreNotRead) {
             Zyr3DFileIO::LoadPointCloud(both, both, colors, variant.path().c_str(), false, false));
         EXPECT_EQ(test::bits(both), test::bits(test::goldenPoints())) << variant.name;
     }
+}
+
+TEST(SharedStores, OneListForVerticesAndTriangleNormalsHasTheVerticesOfTheFile) {
+    const auto header =
+        test::MeshHeader(2, 3000).columns("x y z fa fb fc fnx fny fnz", "8 8 8 4 4 4 8 8 8");
+    test::MeshLists mesh;
+    ZyrVector3dArray& both = mesh.vertices;
+    mesh.triangleNormals = both;
+    ASSERT_TRUE(mesh.load(test::meshFile(header, Bytes(2 * 24 + 3000 * 36))));
+    EXPECT_EQ(mesh.triangleNormals.Data(), both.Data());
+    EXPECT_EQ(test::bits(both), test::bits(test::vectors({0, 0, 0, 0, 0, 0})));
 }

@@ -10,17 +10,12 @@
 #include "support/DoubleBits.h"
 #include "support/MeshFile.h"
 #include "support/RangeFile.h"
+#include "support/Sanitizer.h"
 #include "support/ZyrValues.h"
 
 /// Files larger than the pieces in which they are written and read.
 
 using test::Bytes;
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizer = true;
-#else
-constexpr bool kHasSanitizer = false;
-#endif
 
 namespace {
 
@@ -202,7 +197,7 @@ TEST(StreamedFiles, RangeImageIntoAPipeIsThatOfTheFile) {
 }
 
 TEST(StreamedFiles, SavingTakesLessThanAMegabyte) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer keeps memory of its own";
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer keeps memory of its own";
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const test::TempFolder folder;
     const auto run = [&] {
@@ -214,7 +209,7 @@ TEST(StreamedFiles, SavingTakesLessThanAMegabyte) {
 }
 
 TEST(StreamedFiles, LoadingTakesLessThanAMegabyteAboveTheCloud) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer keeps memory of its own";
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer keeps memory of its own";
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const test::TempFolder folder;
     const std::string path = folder.path("a.zpt");
@@ -231,7 +226,7 @@ TEST(StreamedFiles, LoadingTakesLessThanAMegabyteAboveTheCloud) {
 }
 
 TEST(StreamedFiles, RangeImagesTakeLessThanAMegabyteAboveTheImage) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer keeps memory of its own";
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer keeps memory of its own";
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const test::TempFolder folder;
     const auto run = [&] {

@@ -5,14 +5,9 @@
 #include <fstream>
 
 #include "support/MeshFile.h"
+#include "support/Sanitizer.h"
 
 /// Allocations that fail, in a child process that may not take more memory.
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kHasSanitizer = true;
-#else
-constexpr bool kHasSanitizer = false;
-#endif
 
 namespace {
 
@@ -31,7 +26,7 @@ void limitMemory() {
 }  // namespace
 
 TEST(MeshMemory, LoadingWithoutEnoughGivesFalse) {
-    if (kHasSanitizer) GTEST_SKIP() << "the sanitizer needs the address space";
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer needs the address space";
     // A process of its own, whose heap holds nothing that earlier tests gave back.
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const test::MemoryFile file(test::MeshHeader(kDeclaredVertices, 0).kind("ascii").bytes());

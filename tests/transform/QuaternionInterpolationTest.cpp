@@ -49,6 +49,11 @@ TEST(QuaternionSlerp, TakesTheShorterArcAndEndsAtTheOthersNegative) {
                      test::values(test::aboutZ(45)), 1e-6);
 }
 
+TEST(QuaternionSlerp, AtARightAngleEndsAtTheOtherItself) {
+    test::expectNear(test::values(slerp(quaternion(1, 0, 0, 0), quaternion(0, 0, 0, 1), 1)),
+                     {0, 0, 0, 1}, 1e-6);
+}
+
 // Computed apart, step by step in single and double precision. In double precision throughout, the
 // first would begin with 0.67287212, the last 0.84479363 with another last bit of its weights.
 TEST(QuaternionSlerp, RoundsCosineSineAndWeightsToSinglePrecision) {
