@@ -9,13 +9,11 @@
 namespace zyr {
 namespace {
 
-constexpr std::size_t kBlock = 64 << 10;
-
 /// What blocks that are no multiple of a literal run add to the worst case at the most.
 constexpr std::size_t kBlockEnds = 64;
 
 std::size_t blockSize(std::uint64_t bodySize) {
-    return static_cast<std::size_t>(std::min<std::uint64_t>(bodySize, kBlock));
+    return static_cast<std::size_t>(std::min<std::uint64_t>(bodySize, kLzfBlock));
 }
 
 }  // namespace
