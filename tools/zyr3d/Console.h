@@ -11,8 +11,8 @@ struct ReaderGone : FileTrouble {
     ReaderGone() : FileTrouble("standard output: closed by its reader") {}
 };
 
-/// Makes writing to a closed pipe or beyond a limit an error instead of the end, and keeps the places of closed
-/// standard streams, so that no file is opened in their stead.
+/// Makes writing to a closed pipe or beyond a limit an error instead of the end, and keeps the
+/// places of closed standard streams, so that no file is opened in their stead.
 void prepareStandardStreams();
 
 /// Writes to standard output at once. Throws FileTrouble where that fails, as on a full disk.

@@ -17,8 +17,8 @@ public:
                                std::vector<std::uint64_t>, std::vector<std::string>,
                                std::shared_ptr<const Facts>>;
 
-    /// The key in JSON; where none is given it is the label with '_' for blanks. What has no text is
-    /// for programs alone.
+    /// The key in JSON; where none is given it is the label with '_' for blanks. What has no text
+    /// is for programs alone.
     void add(const std::string& label, const std::string& text, const Value& value);
     void add(const std::string& label, const std::string& key, const std::string& text,
              const Value& value);
