@@ -134,6 +134,23 @@ TEST_F(ConvertTrouble, BrokenOwnFilesAreRefused) {
     expectTrouble(run("convert ascii.zpt a.ply"), 3, "ascii.zpt: its body is ascii");
 }
 
+TEST_F(ConvertTrouble, HeadersThatStopTheLibraryAreFileTrouble) {
+    std::string words = "KEY";
+    for (int i = 0; i < 61; ++i) words += " w";
+    for (const std::string golden : {"pointcloud/points.zpt", "mesh/mesh.ztmt"}) {
+        const std::string good = test::readText(ZYR_GOLDEN_DIR "/" + golden);
+        const std::string name = "in" + fs::path(golden).extension().string();
+        std::string sizes = good;
+        sizes.replace(sizes.find("\nSIZE "), 6, "\nSIZE 8 ");
+        for (const auto& [bytes, why] :
+             {std::pair(std::string(33, 'w') + "\n" + good, "a word of more than 32 characters"),
+              std::pair(words + "\n" + good, "more than 61 words"), std::pair(sizes, "SIZE")}) {
+            test::writeText(path(name), bytes);
+            expectTrouble(run("convert " + name + " a.ply"), 3, why);
+        }
+    }
+}
+
 TEST_F(ConvertTrouble, TrianglesOfMeshFilesAreHeldAgainstTheVertices) {
     double points[] = {0, 0, 0, 1, 0, 0, 0, 1, 0};
     int corners[] = {0, 1, 3};
@@ -183,6 +200,25 @@ TEST_F(ConvertRealData, WeldedStlIsTheMeshOfTheArrays) {
     const Scene mesh = zyr::readScene(ZYR_DATA_DIR "/mesh_counter/counter.stl");
     EXPECT_EQ(mesh.cloud.Length(), 41837);
     EXPECT_EQ(mesh.triangleCount(), 83750);
+}
+
+TEST_F(ConvertRealData, WeldedStlComesBackThroughOurFile) {
+    say(ZYR_DATA_DIR "/mesh_counter/counter.stl a.ztmt");
+    say("a.ztmt b.stl");
+    const Scene before = zyr::readScene(ZYR_DATA_DIR "/mesh_counter/counter.stl"),
+                after = scene("b.stl");
+    EXPECT_EQ(test::pointsOf(after), test::pointsOf(before));
+    EXPECT_EQ(test::trianglesOf(after), test::trianglesOf(before));
+}
+
+TEST_F(ConvertRealData, DepthPictureComesBackThroughOurFile) {
+    say(ZYR_DATA_DIR "/range_rgbd/depth.png a.zrt");
+    say("a.zrt b.png");
+    const cv::Mat before = cv::imread(ZYR_DATA_DIR "/range_rgbd/depth.png", cv::IMREAD_UNCHANGED),
+                  after = cv::imread(path("b.png"), cv::IMREAD_UNCHANGED);
+    ASSERT_EQ(before.type(), CV_16UC1);
+    ASSERT_EQ(after.type(), CV_16UC1);
+    EXPECT_EQ(cv::norm(after, before, cv::NORM_INF), 0);
 }
 
 }  // namespace

@@ -102,6 +102,31 @@ TEST_F(Diff, ComparesRangeValuesAndCalibration) {
               "type: 16-bit unsigned and 8-bit unsigned");
 }
 
+TEST_F(Diff, CountsValuesOfRangeImagesThatChangedValidity) {
+    saveRange("a.zrt", 3, 0);
+    saveRange("b.zrt", 0, 0);  // of 16-bit counts 0 is a hole
+    const nlohmann::json gone = json("a.zrt b.zrt"), back = json("b.zrt a.zrt");
+    EXPECT_EQ(gone["became_invalid"], 1);
+    EXPECT_EQ(gone["became_valid"], 0);
+    EXPECT_EQ(back["became_valid"], 1);
+    EXPECT_EQ(run("diff a.zrt b.zrt --tolerance 9").exitCode, 1);
+    EXPECT_NE(run("diff a.zrt b.zrt").out.find("  1 value became invalid\n"), std::string::npos);
+}
+
+TEST_F(Diff, ZeroIsAValueOfPicturesOfEightBits) {
+    cv::imwrite(path("a.png"), cv::Mat(1, 3, CV_8UC1, cv::Scalar(1)));
+    cv::imwrite(path("b.png"), cv::Mat(1, 3, CV_8UC1, cv::Scalar(0)));
+    EXPECT_EQ(json("a.png b.png")["became_invalid"], 0);
+    EXPECT_EQ(json("a.png b.png")["columns"]["values"]["differing"], 3);
+}
+
+TEST_F(Diff, HeadersThatStopTheLibraryAreFileTrouble) {
+    saveCloud("a.zpt", {1, 2, 3});
+    test::writeText(path("word.zpt"), std::string(33, 'w') + "\n" + test::readText(path("a.zpt")));
+    expectTrouble(run("diff a.zpt word.zpt"), 3, "word.zpt: line 1: a word of more than 32");
+    expectTrouble(run("diff word.zpt a.zpt"), 3, "word.zpt: line 1: a word of more than 32");
+}
+
 TEST_F(Diff, ComparesCornersOfMeshes) {
     double values[] = {0, 0, 0, 1, 0, 0, 0, 1, 0};
     const ZyrVector3dArray vertices(values, 9, -1);

@@ -2,6 +2,7 @@
 
 #include "Program.h"
 #include "ZyrRangeImage.h"
+#include "support/RangeFile.h"
 
 namespace {
 
@@ -33,6 +34,43 @@ TEST_F(RangeInfo, TellsCalibrationColoursAndBytes) {
     EXPECT_EQ(row(result, "colours"), "3 channels");
     EXPECT_EQ(row(result, "bytes raw"), "30");  // 6 values, 6 colours
     EXPECT_EQ(row(result, "bytes on disk"), "108 (360.0 %)");
+}
+
+TEST_F(RangeInfo, TellsValidValuesAndTheBoxThatTheCalibrationGives) {
+    test::RangeFile file;  // resolution 0.5, 0.25, 0.01, offset -1.5, 2.5, 100.125
+    file.type = 2;
+    file.width = 3;
+    file.height = 2;
+    file.valueStream =
+        test::literalStream(test::bytesOf(std::vector<std::uint16_t>{0, 100, 300, 0, 200, 0}));
+    test::writeFile(path("in.zrt"), file.bytes());
+    const test::Result result = run("info in.zrt");
+    EXPECT_EQ(row(result, "valid values"), "3 (50.0 %)");
+    EXPECT_EQ(row(result, "x"), "-1 to -0.5");
+    EXPECT_EQ(row(result, "y"), "2.5 to 2.75");
+    EXPECT_EQ(row(result, "z"), "101.125 to 103.125");
+}
+
+TEST_F(RangeInfo, ZeroIsValidWhereItIsNoCount) {
+    test::RangeFile file;
+    file.type = 6;
+    file.width = 3;
+    file.height = 1;
+    file.valueStream = test::literalStream(
+        test::bytesOf(std::vector<double>{0, std::nan(""), 3.4028234663852886e+38}));
+    test::writeFile(path("in.zrt"), file.bytes());
+    const test::Result result = run("info in.zrt");
+    EXPECT_EQ(row(result, "valid values"), "1 (33.3 %)");
+    EXPECT_EQ(row(result, "z"), "100.125 to 100.125");
+}
+
+TEST_F(RangeInfo, ImageOfHolesHasNoBox) {
+    cv::Mat holes(2, 2, CV_16UC1, cv::Scalar(0));
+    cv::imwrite(path("in.png"), holes);
+    ASSERT_EQ(run("convert in.png in.zrt").exitCode, 0);
+    const test::Result result = run("info in.zrt");
+    EXPECT_EQ(row(result, "valid values"), "0 (0.0 %)");
+    EXPECT_EQ(result.out.find("\n  x  "), std::string::npos);
 }
 
 TEST_F(RangeInfo, NamesEachType) {
@@ -93,6 +131,17 @@ TEST_F(RangeInfo, PicturesOfEightBitsAreReadToo) {
         const test::Result result = run(std::string("info ") + name);
         EXPECT_EQ(row(result, "type"), "8-bit unsigned") << name;
         EXPECT_EQ(row(result, "values"), "90 to 90") << name;
+    }
+}
+
+TEST_F(RangeInfo, ColourPictureHasItsChannelsAndAllItsBytes) {
+    for (const char* name : {"in.jpg", "in.png"}) {
+        ASSERT_TRUE(cv::imwrite(path(name), cv::Mat(8, 5, CV_8UC3, cv::Scalar(90, 90, 90))));
+        const test::Result result = run(std::string("info ") + name);
+        EXPECT_EQ(row(result, "size"), "5 x 8") << name;
+        EXPECT_EQ(row(result, "values"), "90 to 90") << name;  // of the grey that is read
+        EXPECT_EQ(row(result, "colours"), "3 channels") << name;
+        EXPECT_EQ(row(result, "bytes raw"), "120") << name;
     }
 }
 

@@ -167,11 +167,12 @@ TEST_F(RenderCommand, BrokenFilesAreDrawnOrRefusedButNeverStopTheProgram) {
     }
 }
 
-TEST_F(RenderCommand, HelpTellsTheExitCodes) {
-    const test::Result result = run("render --help");
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_NE(result.out.find("Exit codes"), std::string::npos);
-    EXPECT_NE(result.out.find("--view"), std::string::npos);
+TEST_F(RenderCommand, HeadersThatStopTheLibraryAreFileTrouble) {
+    for (const std::string name : {"hill.zpt", "block.ztmt"}) {
+        test::writeText(path("b" + name), std::string(33, 'w') + "\n" + test::readText(path(name)));
+        expectTrouble(run("render b" + name + " o.png"), 3,
+                      "b" + name + ": line 1: a word of more than 32 characters");
+    }
 }
 
 }  // namespace

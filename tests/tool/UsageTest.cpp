@@ -57,6 +57,21 @@ TEST_F(Usage, EverySubcommandHasAPageWithAllItsOptions) {
         EXPECT_EQ(optionsOfPage("zyr3d-" + name), optionsOfHelp(name)) << name;
 }
 
+TEST_F(Usage, HelpAndPageStateTheSameExitCodes) {
+    for (const std::string& name : subcommands()) {
+        const std::string help = run(name + " --help").out;
+        const std::string page =
+            test::readText(ZYR_GOLDEN_DIR "/../../docs/man/zyr3d-" + name + ".1");
+        const std::size_t footer = help.find("Exit codes:"), list = page.find(".SH EXIT STATUS");
+        ASSERT_NE(footer, std::string::npos) << help;
+        ASSERT_NE(list, std::string::npos) << name;
+        Words codes;
+        for (const std::string& item : matches(page.substr(list), "\\n\\.B [0-9]\n"))
+            codes.insert(item.substr(4, 1));
+        EXPECT_EQ(matches(help.substr(footer), "[0-9]"), codes) << name;
+    }
+}
+
 TEST_F(Usage, PageOfTheProgramNamesEverySubcommand) {
     const std::string page = test::readText(ZYR_GOLDEN_DIR "/../../docs/man/zyr3d.1");
     for (const std::string& name : subcommands())

@@ -25,8 +25,8 @@ std::string troubleText(const std::string& name);
 /// Work on many items, some at once. Each item's output is printed whole, in the order of the
 /// items; an item that fails does not stop the others.
 struct Batch {
-    /// Gives an exit code; may throw, as FileTrouble or
-    /// UsageTrouble. Runs in several threads at once.
+    /// Gives an exit code; may throw, as FileTrouble or UsageTrouble. Runs in several threads at
+    /// once.
     using Work = std::function<int(std::size_t item, Output& output)>;
 
     int jobs = 1;

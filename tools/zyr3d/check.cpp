@@ -60,6 +60,7 @@ void addCheck(CLI::App& app, int& outcome) {
     command->add_option("FILE", options->files, "Files to validate")->required();
     command->add_flag("--json", options->isJson, "A JSON object a file, one a line");
     options->batch.addOption(*command);
+    command->footer("Exit codes: 0 valid, 1 a file is invalid, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] {
         const auto& files = options->files;
         const bool isJson = options->isJson;

@@ -220,6 +220,7 @@ void addConvert(CLI::App& app, int& outcome) {
     addSceneOptions(*command, options->settings);
     command->add_flag("--json", options->isJson, "A JSON object a file, one a line");
     options->batch.addOption(*command);
+    command->footer("Exit codes: 0 written, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] { outcome = convertAll(*options); });
 }
 

@@ -231,6 +231,8 @@ void addDemo(CLI::App& app, int& outcome) {
     command->add_option("-o,--output", options->directory, "Folder for what is written")
         ->capture_default_str();
     addDepthOptions(*command, *options);
+    command->footer(
+        "Exit codes: 0 all came back, 1 something came back differently, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] {
         checkDepthOptions(*options);
         outcome = runDemo(*options);

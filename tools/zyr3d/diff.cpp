@@ -34,15 +34,21 @@ void printColumns(const Deviations& found, std::ostream& out) {
     table.print(out);
 }
 
+void printValidity(const Deviations& found, std::ostream& out) {
+    const std::string one = found.isGrid ? "value" : "point";
+    const auto print = [&](std::size_t count, const char* what) {
+        if (count > 0) out << "  " << counted(count, one, one + "s") << what << "\n";
+    };
+    print(found.becameInvalid, " became invalid");
+    print(found.becameValid, " became valid");
+}
+
 void printText(const Pair& pair, const Deviations& found, double tolerance, std::ostream& out) {
     const std::string within = tolerance > 0 ? " within " + compact(tolerance) : "";
     out << printable(pair.first) << " and " << printable(pair.second) << ": "
         << (found.isEqual() ? "equal" + within : "different") << "\n";
     for (const std::string& note : found.notes) out << "  " << printable(note) << "\n";
-    if (found.becameInvalid > 0)
-        out << "  " << counted(found.becameInvalid, "point", "points") << " became invalid\n";
-    if (found.becameValid > 0)
-        out << "  " << counted(found.becameValid, "point", "points") << " became valid\n";
+    printValidity(found, out);
     for (const Deviation& each : found.deviations)
         if (each.largest > 0) return printColumns(found, out);
 }
@@ -74,7 +80,11 @@ void printJson(const Pair& pair, const Deviations& found, double tolerance, std:
 }
 
 Deviations deviationsOf(const Pair& pair, double tolerance) {
-    if (!pair.alone.empty()) return {{"only " + pair.alone + " is there"}, {}, 0, 0};
+    if (!pair.alone.empty()) {
+        Deviations found;
+        found.notes = {"only " + pair.alone + " is there"};
+        return found;
+    }
     return compare(loadSide(pair.first), loadSide(pair.second), tolerance);
 }
 
@@ -118,6 +128,7 @@ void addDiff(CLI::App& app, int& outcome) {
             ""));
     command->add_flag("--json", options->isJson, "A JSON object a comparison, one a line");
     options->batch.addOption(*command);
+    command->footer("Exit codes: 0 equal, 1 different, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] { outcome = runDiff(*options); });
 }
 

@@ -59,6 +59,7 @@ void addInfo(CLI::App& app, int& outcome) {
     command->add_option("FILE", options->files, "Files to look at")->required();
     command->add_flag("--json", options->isJson, "A JSON object a file, one a line");
     options->batch.addOption(*command);
+    command->footer("Exit codes: 0 good, 1 a file is cut short, 2 usage, 3 file trouble.");
     command->callback([options, &outcome] {
         const auto& files = options->files;
         const bool isJson = options->isJson;

@@ -4,25 +4,23 @@
 
 #include "Outcome.h"
 #include "Table.h"
-#include "ZyrVector3d.h"
 #include "check/Check.h"
 #include "files/ImageFile.h"
 #include "files/PictureScan.h"
 #include "files/RangeFile.h"
 #include "files/RegularFile.h"
+#include "files/ValueType.h"
 
 namespace zyr {
 namespace {
 
-/// What `convert` and `render` take for holes: NaN, the invalid value, and 0 of 16-bit counts.
 std::uint64_t holesOf(const cv::Mat& grid) {
-    const bool isZeroMissing = grid.depth() == CV_16U;
     std::uint64_t holes = 0;
     cv::Mat row;
     for (int i = 0; i < grid.rows; ++i) {
         grid.row(i).convertTo(row, CV_64F);
         for (const double value : cv::Mat_<double>(row))
-            if (!(value < kInvalidValue) || (isZeroMissing && value == 0.0)) ++holes;
+            if (isHoleValue(value, grid.depth())) ++holes;
     }
     return holes;
 }

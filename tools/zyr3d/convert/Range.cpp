@@ -8,17 +8,16 @@
 #include "Outcome.h"
 #include "Table.h"
 #include "files/ImageFile.h"
+#include "files/ValueType.h"
 #include "formats/PointColumns.h"
 
 namespace zyr {
 namespace {
 
-/// Which values stand for nothing: NaN and the invalid value always; of unsigned 16-bit ones 0 as
-/// well, unless another one is named.
+/// A value that is named stands for nothing in place of 0.
 bool isHole(double value, int type, const std::optional<double>& named) {
-    if (!(value < kInvalidValue)) return true;
-    if (named) return value == *named;
-    return type == CV_16U && value == 0.0;
+    if (!named) return isHoleValue(value, type);
+    return !(value < kInvalidValue) || value == *named;
 }
 
 ZyrColorArray readColors(const std::string& path, const ZyrRangeImage& image) {

@@ -26,6 +26,7 @@ public:
         : first_(first), second_(second), tolerance_(tolerance) {}
 
     Deviations compare() {
+        found_.isGrid = first_.isGrid;
         compareTraits();
         for (const Column& column : first_.columns) compareColumn(column);
         for (const Column& column : second_.columns)

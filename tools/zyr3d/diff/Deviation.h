@@ -20,6 +20,7 @@ struct Deviations {
     std::vector<std::string> notes;     ///< what can't be compared value by value
     std::vector<Deviation> deviations;  ///< one a column that both sides have
     std::size_t becameInvalid = 0, becameValid = 0;
+    bool isGrid = false;  ///< so that it is values that became valid, not points
 
     bool isEqual() const;
 };

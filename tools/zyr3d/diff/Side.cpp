@@ -90,10 +90,14 @@ void addGrid(Side& side, const std::string& name, const cv::Mat& grid) {
 
 Side gridSide(const cv::Mat& grid) {
     Side side;
+    side.isGrid = true;
     addTrait(side, "kind", "range image");
     addTrait(side, "type", grid.empty() ? "unknown" : valueTypeName(grid.depth()));
     addTrait(side, "size", std::to_string(grid.cols) + " x " + std::to_string(grid.rows));
     addGrid(side, "values", grid);
+    if (grid.empty()) return side;
+    for (const double value : side.columns[0].values)
+        side.isValid.push_back(isHoleValue(value, grid.depth()) ? 0 : 1);
     return side;
 }
 

@@ -21,7 +21,8 @@ struct Side {
     };
     std::vector<Trait> traits;  ///< what must be the same for the files to be so
     std::vector<Column> columns;
-    std::vector<char> isValid;  ///< for each point, vertex or pixel
+    std::vector<char> isValid;  ///< for each point, vertex or value
+    bool isGrid = false;        ///< of the values of a range image
 };
 
 /// Loads a file that may hold anything. Throws FileTrouble, also for a file that is cut short.

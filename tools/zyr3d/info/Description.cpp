@@ -47,18 +47,24 @@ void addColors(Facts& facts, const std::string& label, int channels) {
     facts.add(label, key, channels == 0 ? "none" : text, static_cast<std::uint64_t>(channels));
 }
 
+void Bounds::take(ZyrVector3d& point) {
+    if (!point.IsValid()) return;
+    isEmpty_ = false;
+    low_ = low_.Minimum(point);
+    high_ = high_.Maximum(point);
+}
+
+void Bounds::addTo(Facts& facts) const {
+    if (isEmpty_) return;
+    facts.interval("x", low_.x, high_.x);
+    facts.interval("y", low_.y, high_.y);
+    facts.interval("z", low_.z, high_.z);
+}
+
 void addBounds(Facts& facts, ZyrVector3dArray& points) {
-    ZyrVector3d low, high(-kInvalidValue, -kInvalidValue, -kInvalidValue);
-    for (int i = 0; i < points.Length(); ++i) {
-        ZyrVector3d& point = points[i];
-        if (!point.IsValid()) continue;
-        low = low.Minimum(point);
-        high = high.Maximum(point);
-    }
-    if (points.NumValidPoints() == 0) return;
-    facts.interval("x", low.x, high.x);
-    facts.interval("y", low.y, high.y);
-    facts.interval("z", low.z, high.z);
+    Bounds bounds;
+    for (int i = 0; i < points.Length(); ++i) bounds.take(points[i]);
+    bounds.addTo(facts);
 }
 
 void addDiskBytes(Facts& facts, std::uint64_t rawBytes, std::uint64_t diskBytes) {

@@ -34,7 +34,20 @@ void addFields(Facts& facts, const std::vector<Field>& fields);
 void addBody(Facts& facts, const CloudHeader& header);
 /// No channels are none.
 void addColors(Facts& facts, const std::string& label, int channels);
-/// Which coordinates the valid points have.
+
+/// Between which coordinates valid points lie.
+class Bounds {
+public:
+    void take(ZyrVector3d& point);
+    /// Nothing of no points.
+    void addTo(Facts& facts) const;
+
+private:
+    ZyrVector3d low_, high_{-kInvalidValue, -kInvalidValue, -kInvalidValue};
+    bool isEmpty_ = true;
+};
+
+/// The bounds of all.
 void addBounds(Facts& facts, ZyrVector3dArray& points);
 /// The size of the file, for people with its share of what it holds.
 void addDiskBytes(Facts& facts, std::uint64_t rawBytes, std::uint64_t diskBytes);

@@ -13,9 +13,10 @@ namespace {
 
 struct Values {
     double low = std::numeric_limits<double>::infinity(), high = -low;
-    std::uint64_t zeros = 0, numbers = 0;
+    std::uint64_t zeros = 0, numbers = 0, valid = 0;
 
-    void take(double value) {
+    void take(double value, int depth) {
+        if (!isHoleValue(value, depth)) ++valid;
         if (!(value >= -std::numeric_limits<double>::infinity())) return;
         ++numbers;
         if (value < low) low = value;
@@ -29,7 +30,7 @@ Values valuesOf(const cv::Mat& grid) {
     cv::Mat row;
     for (int i = 0; i < grid.rows; ++i) {
         grid.row(i).convertTo(row, CV_64F);
-        for (const double value : cv::Mat_<double>(row)) values.take(value);
+        for (const double value : cv::Mat_<double>(row)) values.take(value, grid.depth());
     }
     return values;
 }
@@ -37,6 +38,24 @@ Values valuesOf(const cv::Mat& grid) {
 void addAxes(Facts& facts, const std::string& key, double x, double y, double z) {
     facts.add(key + " x, y, z", key, compact(x) + ", " + compact(y) + ", " + compact(z),
               std::vector<double>{x, y, z});
+}
+
+/// Of the points that the calibration makes of the values.
+Bounds boundsOf(const RangeFile& file) {
+    Bounds bounds;
+    cv::Mat values;
+    for (int row = 0; row < file.values.rows; ++row) {
+        file.values.row(row).convertTo(values, CV_64F);
+        for (int column = 0; column < values.cols; ++column) {
+            const double value = values.at<double>(column);
+            if (isHoleValue(value, file.values.depth())) continue;
+            ZyrVector3d point(file.resolutionX * column + file.offsetX,
+                              file.resolutionY * row + file.offsetY,
+                              file.resolutionZ * value + file.offsetZ);
+            bounds.take(point);
+        }
+    }
+    return bounds;
 }
 
 void addBytes(Facts& facts, std::uint64_t raw, const std::string& path) {
@@ -60,6 +79,7 @@ void addGrid(Facts& facts, const cv::Mat& grid) {
         facts.interval("values", values.low, values.high);
     if (values.numbers < grid.total()) facts.share("numbers", values.numbers, grid.total());
     facts.share("zeros", values.zeros, grid.total());
+    facts.share("valid values", values.valid, grid.total());
 }
 
 Description describeRangeFile(const std::string& path) {
@@ -68,6 +88,7 @@ Description describeRangeFile(const std::string& path) {
     Facts& facts = description.facts;
     facts.word("kind", "range image");
     addGrid(facts, file.values);
+    boundsOf(file).addTo(facts);
     addAxes(facts, "resolution", file.resolutionX, file.resolutionY, file.resolutionZ);
     addAxes(facts, "offset", file.offsetX, file.offsetY, file.offsetZ);
     addColors(facts, "colours", file.colors.empty() ? 0 : file.colors.channels());
@@ -82,9 +103,12 @@ Description describePictureFile(const std::string& path) {
     const ZyrRangeImage image = readPictureValues(path);
     const cv::Mat grid(image.Height(), image.Width(), image.DataType(), image.Data());
     Description description;
+    const cv::Mat picture = readImage(path);
+    const int channels = picture.channels();
     description.facts.word("kind", "picture, as a range image");
     addGrid(description.facts, grid);
-    addBytes(description.facts, grid.total() * grid.elemSize(), path);
+    addColors(description.facts, "colours", channels > 1 ? channels : 0);
+    addBytes(description.facts, picture.total() * picture.elemSize(), path);
     return description;
 }
 
