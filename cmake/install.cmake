@@ -9,6 +9,9 @@ install(TARGETS Zyr3DData EXPORT Zyr3DDataTargets
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Zyr3DData COMPONENT dev
     FILES_MATCHING PATTERN *.h)
 
+# Under the name of the package, so that the guide has one place for both.
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libzyr3ddata-dev COMPONENT dev)
+
 configure_package_config_file(cmake/Zyr3DDataConfig.cmake.in Zyr3DDataConfig.cmake
     INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(Zyr3DDataConfigVersion.cmake COMPATIBILITY SameMajorVersion)

@@ -60,6 +60,4 @@ foreach(component runtime dev tools)
         COMPONENT ${component})
 endforeach()
 
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libzyr3ddata-dev COMPONENT dev)
-
 include(CPack)
