@@ -26,7 +26,7 @@ COLUMNS = ("Coordinates", "Normals", "Colours", "Triangles")
 # and the text of the table or how large a difference is, as a share of the largest value.
 LIMITS = (
     # zeros for doubles of binary PCD files
-    ("Open3D", "we write", "PCD (binary|compressed) double", "Coordinates", 1.05),
+    ("Open3D", "we write", "PCD (binary|compressed) double", "Coordinates|Normals", 1.05),
     # six significant digits
     ("Open3D", "we read", "(PLY|PLY mesh) ascii|OBJ", "Coordinates|Normals", 5e-6),
     # ten decimals
@@ -270,6 +270,9 @@ def clouds():
     yield "autzen", Scene(load("cloud_autzen", "xyz"), rgb=rgb("cloud_autzen"))
     yield "milk", Scene(milk, rgb=rgb("cloud_milk"))
     yield "rs1", Scene(load("cloud_rs1", "xyz"))
+    # The vertices of a mesh, as the clouds have no normals.
+    yield "vertices", Scene(load("mesh_frag115", "xyz"), load("mesh_frag115", "normals"),
+                            rgb("mesh_frag115"))
 
 
 def meshes():

@@ -69,7 +69,8 @@ protected:
         EXPECT_NE(result.err.find(text), std::string::npos) << result.err;
     }
 
-    /// Runs info on 300 files that chance made out of a good one, by their number.
+    /// Runs info on 300 files that chance made out of a good one, by their number, and other
+    /// subcommands, of which none may end by a signal.
     Result runInfoOnMutations(const std::string& good, const std::string& suffix) const {
         const std::string spice("\n\r #\0 x9-F", 10);
         std::mt19937 random(7);
@@ -86,6 +87,8 @@ protected:
             writeText(path(name), bytes);
             names += " " + name;
         }
+        EXPECT_LE(run("check" + names).exitCode, 3);
+        EXPECT_LE(run("convert --to csv --out converted" + names).exitCode, 3);
         return run("info" + names);
     }
 
