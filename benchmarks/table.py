@@ -2,7 +2,8 @@
 """Joins the results of the benchmark programs to one table and one picture.
 
 usage: table.py FOLDER    reads FOLDER/*.json, writes FOLDER/table.txt and, where matplotlib is
-                          installed, FOLDER/ratios.png
+                          installed, FOLDER/ratios.png; exits with 1, behind that, where a
+                          benchmark failed
 """
 import collections
 import fnmatch
@@ -62,6 +63,14 @@ def read(folder):
             if "bytes" in runs[0]:
                 sizes[operation, data][competitor] = runs[0]["bytes"]
     return times, sizes
+
+
+def failures(folder):
+    """The rows whose call failed, each once, and why."""
+    return list(dict.fromkeys(
+        f"{run['name']}: {run.get('error_message', 'failed')}"
+        for path in sorted(folder.glob("*.json"))
+        for run in json.loads(path.read_text())["benchmarks"] if run.get("error_occurred")))
 
 
 def musts(operation, data, peer, ours, ratio, size):
@@ -172,8 +181,9 @@ def draw(all_rows, path):
 def main():
     folder = pathlib.Path(sys.argv[1])
     all_rows = sorted(rows(*read(folder)), key=lambda row: row["operation"])
+    failed = [f"table: failed: {row}" for row in failures(folder)]
     if not all_rows:
-        sys.exit("table: no results")
+        sys.exit("\n".join(failed + ["table: no results"]))
     text = "\n".join(table(all_rows)) + "\n"
     (folder / "table.txt").write_text(text)
     print(text, end="")
@@ -181,6 +191,8 @@ def main():
         draw(all_rows, folder / "ratios.png")
     except ImportError:
         print("table: no picture without python3-matplotlib", file=sys.stderr)
+    if failed:
+        sys.exit("\n".join(failed))
 
 
 main()

@@ -2,10 +2,12 @@
 
 #include "Harness.h"
 #include "LZF.h"
+#include "fileIO/LzfEncoder.h"
 #include "support/PlainLzf.h"
 
 // Input: how often the bytes are repeated, how they change each time, then the bytes. What is
-// compressed comes back by three decoders, and liblzf's streams come back too.
+// compressed, as the text of the compressor has it and as files hold it, comes back by three
+// decoders, and liblzf's streams come back too.
 
 namespace {
 
@@ -59,6 +61,19 @@ void checkLiblzfStream(const Bytes& data) {
     require(decompressed(test::prefix(stream, size), data.size()) == data, "liblzf's stream");
 }
 
+/// As the body of a file, for values of each width.
+void checkBlocks(const Bytes& data) {
+    const Bytes block = test::prefix(data, zyr::kLzfBlock);
+    for (const std::size_t width : {8U, 4U, 2U, 1U}) {
+        Bytes stream(zyr::lzfBlockRoom(block.size()));
+        stream.resize(zyr::lzfEncodeBlock(block.data(), block.size(), width, stream.data()));
+        require(stream.size() <= zyr::lzfWorstCase(block.size()), "a block's worst case");
+        require(test::plainDecode(stream, block.size()) == block, "a block comes back");
+        require(decompressed(stream, block.size()) == block, "LZF::decompress gives the block");
+        require(decompressedByLiblzf(stream, block.size()) == block, "liblzf gives the block");
+    }
+}
+
 }  // namespace
 
 void fuzz::fuzzOne(Bytes input) {
@@ -68,9 +83,11 @@ void fuzz::fuzzOne(Bytes input) {
     const int size = compress(data, room);
     require(size > 0, "the worst case is enough room");
     const Bytes stream = test::prefix(room, static_cast<std::size_t>(size));
+    require(stream == test::plainEncode(data), "the stream is that of the plain encoder");
     require(decompressed(stream, data.size()) == data, "LZF::decompress gives the data");
     require(test::plainDecode(stream, data.size()) == data, "the plain decoder gives the data");
     require(decompressedByLiblzf(stream, data.size()) == data, "liblzf gives the data");
     checkRoom(data, stream);
     checkLiblzfStream(data);
+    checkBlocks(data);
 }

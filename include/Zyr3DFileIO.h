@@ -12,10 +12,12 @@ class Mat;
 /// Readers and writers of the library's own files, on bare arrays and colour matrices. The
 /// containers' Load and Save members call them; they differ by checking the path's suffix first.
 ///
-/// Compressed files are written and read in pieces: above the data itself it takes less than a
-/// megabyte at any size. All give false on failure and throw nothing. A null path is a failure.
-/// Numbers are little-endian in the files. A colour matrix has 8-bit elements of 1 (grey), 3 (b, g,
-/// r) or 4 (b, g, r, a) channels; any other counts as no colours.
+/// Compressed files are written and read in pieces: above the data itself, loaded into empty
+/// outputs, it takes less than a megabyte at any size. Outputs that hold something keep it until
+/// the new file is known to be good, and colours for a matrix that has their shape already pass
+/// through a row of their own. All give false on failure and throw nothing. A null path is a
+/// failure. Numbers are little-endian in the files. A colour matrix has 8-bit elements of 1 (grey),
+/// 3 (b, g, r) or 4 (b, g, r, a) channels; any other counts as no colours.
 class ZYR_EXPORT Zyr3DFileIO {
 public:
     /// Writes a point-cloud file. Normals are written when wanted and as many as the points,

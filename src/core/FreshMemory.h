@@ -10,6 +10,8 @@
 /// A run of vectors in one move. The standard library copies one by one what has a default
 /// constructor of its own.
 template <>
+// The standard library's own parameters have reserved names.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 inline ZyrVector3d* std::uninitialized_copy(const ZyrVector3d* first, const ZyrVector3d* last,
                                             ZyrVector3d* place) {
     const auto count = static_cast<std::size_t>(last - first);

@@ -8,6 +8,12 @@
 #include "LZF.h"
 #include "fileIO/LzfEqual.h"
 
+// One pass that takes the first match found: a table holds where each three bytes were last, and
+// what lies there, 1 to 8192 bytes back, is compared with the data. What does not match is passed
+// byte by byte and becomes literals. No data take more than lzfWorstCase(inLen), which is inLen +
+// (inLen + 31) / 32 bytes: a reference of 2 bytes, or 3, and the control byte of the run behind it
+// replace 3 literals, or 9, at least.
+
 namespace zyr {
 namespace {
 

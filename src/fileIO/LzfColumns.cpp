@@ -12,11 +12,12 @@
 // too, and decimals their lower ones with a value somewhere before. So a reference runs from the
 // upper bytes of a value into the lower bytes of the next, and is looked for once a value. First,
 // for a part of the block, each value's distance: tables hold where the value's upper bits, its
-// lower bits, or it and the next value were last; what returns whole goes before the candidate that
-// differs least, all without a branch. Then the references are written. What tables hold may be
-// stale; candidates are compared with the data, so that this costs bytes only. No data take more
-// than lzfWorstCase: a reference replaces 3 literals or more by 2 bytes and the control byte of the
-// next run.
+// lower half, all of it, or it and the next value were last; what returns whole goes before the
+// candidate that differs least, all without a branch. All values of such a part are remembered,
+// those inside references too, and taken from up to 8192 bytes back, 8192 included. Then the
+// references are written. What tables hold may be stale; candidates are compared with the data, so
+// that this costs bytes only. No data take more than lzfWorstCase: a reference replaces 3 literals
+// or more by 2 bytes and the control byte of the next run.
 
 namespace zyr {
 namespace {

@@ -53,7 +53,7 @@ std::size_t encode(const Byte* in, std::size_t size, Byte* out) {
         const std::uint64_t here = lzfLoad8(in + ip);
         const std::size_t distance = positions.exchange(here, ip);
         const std::uint64_t x = here ^ lzfLoad8(in + ip - distance);
-        const bool isFar = distance - 1 >= 8192;
+        const bool isFar = distance - 1 >= 8192;  // 8192 itself is in reach
         if ((x << (64 - 8 * shortest) | std::uint64_t(isFar)) != 0) {
             ip += step + (misses++ >> 5) * step;
             continue;
@@ -66,7 +66,7 @@ std::size_t encode(const Byte* in, std::size_t size, Byte* out) {
         chunks.reference(ip - equalBefore(in, ip, distance, ip - chunks.place()), end, distance);
         if (end > last) break;
         const std::size_t tail = (end - 1) / step * step;
-        // Long references are worth a place more.
+        // Inside a reference the last two places are remembered, of a long one three.
         if (step == 1 && length == 8) positions.exchange(lzfLoad8(in + tail - 2), tail - 2);
         positions.exchange(lzfLoad8(in + tail - step), tail - step);
         positions.exchange(lzfLoad8(in + tail), tail);

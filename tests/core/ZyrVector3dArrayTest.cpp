@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 #include "support/LengthError.h"
 #include "support/ZyrValues.h"
@@ -113,6 +114,24 @@ TEST(ZyrVector3dArray, CountsEachHoleWhereverItLies) {
         buffer[hole] = hole % 2 == 0 ? kInvalid : kNaN;
         EXPECT_EQ(ZyrVector3dArray(buffer.data(), 51, -1).NumValidPoints(), 16) << hole;
     }
+}
+
+TEST(ZyrVector3dArray, CountsAsAPlainLoopDoesWhateverTheShareOfHoles) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    const double odd[] = {kInvalid, kNaN, kInfinity, 2 * kInvalid, -kInvalid, -kInfinity};
+    std::mt19937 random(1);
+    for (const unsigned percent : {0U, 1U, 10U, 50U, 90U, 100U})
+        for (const std::size_t vectors : {10U, 333U, 2002U, 100003U}) {
+            Values buffer(3 * vectors);
+            for (double& value : buffer)
+                value = random() % 100 < percent ? odd[random() % 6] : double(random() % 1000);
+            int valid = 0;
+            for (std::size_t i = 0; i < buffer.size(); i += 3)
+                valid +=
+                    buffer[i] < kInvalid && buffer[i + 1] < kInvalid && buffer[i + 2] < kInvalid;
+            const ZyrVector3dArray array(buffer.data(), static_cast<int>(buffer.size()), -1);
+            EXPECT_EQ(array.NumValidPoints(), valid) << percent << ", " << vectors;
+        }
 }
 
 TEST(ZyrVector3dArray, SetSizeGrowsByInvalidVectors) {

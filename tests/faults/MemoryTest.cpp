@@ -76,7 +76,9 @@ public:
         rlim_t pages = 0;
         std::ifstream("/proc/self/statm") >> pages;
         getrlimit(RLIMIT_AS, &before_);
-        const rlimit limit{pages * static_cast<rlim_t>(getpagesize()), before_.rlim_max};
+        // A little more than what is in use: it depends on chance how much of that is free.
+        constexpr rlim_t kMore = 4 << 20;
+        const rlimit limit{pages * static_cast<rlim_t>(getpagesize()) + kMore, before_.rlim_max};
         setrlimit(RLIMIT_AS, &limit);
         // Pieces that the C library joins, and then what it keeps of any smaller size.
         takeAll(1 << 20);
@@ -88,10 +90,13 @@ public:
     NoMemory(const NoMemory&) = delete;
     NoMemory& operator=(const NoMemory&) = delete;
 
-    void giveBack() {
+    /// Whether there was a piece left.
+    bool giveBack() {
         Piece* piece = pieces_;
+        if (piece == nullptr) return false;
         pieces_ = piece->before;
         std::free(piece);
+        return true;
     }
 
 private:
@@ -116,7 +121,7 @@ bool MemoryFaults::copesWithLimits(const std::string& path) const {
     int refused = 0;
     {
         NoMemory memory;
-        for (; !load(content); ++refused) memory.giveBack();
+        while (!load(content) && memory.giveBack()) ++refused;
     }
     return isGood && refused > 0 && test::bytesOf(content) == test::bytesOf(whole);
 }

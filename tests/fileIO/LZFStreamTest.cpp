@@ -25,6 +25,15 @@ Decompressed decompress(const Bytes& in, int outLen) {
     return decompress(in, static_cast<int>(in.size()), outLen);
 }
 
+/// A reference's chunk.
+Bytes reference(std::size_t length, std::size_t distance) {
+    const std::size_t code = std::min<std::size_t>(length - 2, 7);
+    Bytes chunk = {static_cast<unsigned char>(code << 5 | (distance - 1) >> 8)};
+    if (code == 7) chunk.push_back(static_cast<unsigned char>(length - 9));
+    chunk.push_back(static_cast<unsigned char>((distance - 1) & 255));
+    return chunk;
+}
+
 }  // namespace
 
 TEST(LZFStream, ControlBytesBelow32AreLiteralRuns) {
@@ -80,6 +89,20 @@ TEST(LZFStream, ReferenceMayOverlapWhatItWrites) {
         EXPECT_EQ(d.result, length);
         EXPECT_EQ(d.out, test::repeated(period, d.out.size()));
     }
+}
+
+TEST(LZFStream, ReferenceFarFromTheEndsMayOverlapToo) {
+    // Where much follows, references are copied in wider moves.
+    const Bytes before = test::literalStream(test::randomBytes(20, 256, 14));
+    const Bytes behind = test::literalStream(test::randomBytes(400, 256, 13));
+    for (std::size_t distance = 1; distance <= 20; ++distance)
+        for (std::size_t length = 3; length <= 264; ++length) {
+            const Bytes stream = test::joined({before, reference(length, distance), behind});
+            const std::size_t size = 20 + length + 400;
+            const Decompressed d = decompress(stream, static_cast<int>(size));
+            EXPECT_EQ(d.result, static_cast<int>(size));
+            EXPECT_TRUE(d.out == test::plainDecode(stream, size)) << distance << ", " << length;
+        }
 }
 
 TEST(LZFStream, ReferenceBeforeTheStartGivesZero) {

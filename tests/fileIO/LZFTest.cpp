@@ -104,7 +104,12 @@ TEST(LZF, StreamsReadAsTheFormatIsWorded) {
 TEST(LZF, CompressesAsItsTextWordsIt) {
     for (const auto& [name, data] : test::madeData())
         EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << name;
-    for (const auto& [name, data] : test::measuredData())
+}
+
+TEST(LZF, CompressesMeasuredDataAsItsTextWordsIt) {
+    const auto measured = test::measuredData();
+    if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
+    for (const auto& [name, data] : measured)
         EXPECT_TRUE(lzfCompressed(data) == test::plainEncode(data)) << name;
 }
 

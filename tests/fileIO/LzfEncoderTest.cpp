@@ -6,6 +6,8 @@
 #include <cmath>
 #include <random>
 
+#include "fileIO/LzfColumns.h"
+#include "fileIO/LzfGreedy.h"
 #include "support/LzfData.h"
 #include "support/PlainLzf.h"
 
@@ -14,6 +16,16 @@ using test::Bytes;
 namespace {
 
 constexpr std::size_t kWidths[] = {1, 2, 4, 8};
+
+/// The encoders that a block's values choose from, each good for any bytes.
+const struct {
+    const char* name;
+    std::size_t (*encode)(const zyr::Byte*, std::size_t, zyr::Byte*);
+} kEncoders[] = {
+    {"float-born", zyr::lzfEncodeFloatBorn}, {"doubles", zyr::lzfEncodeDoubles},
+    {"integers", zyr::lzfEncodeIntegers},    {"bytes", zyr::lzfEncodeBytes},
+    {"shorts", zyr::lzfEncodeShorts},        {"noisy shorts", zyr::lzfEncodeNoisyShorts},
+};
 
 /// From and into buffers of exactly the sizes that are asked for.
 Bytes encoded(const Bytes& block, std::size_t width) {
@@ -121,6 +133,44 @@ void expectComesBack(const std::string& name, const Bytes& data) {
     }
 }
 
+/// Through every encoder, whatever the values are; 16 bytes or more.
+void expectAllEncode(const std::string& name, const Bytes& block) {
+    for (const auto& encoder : kEncoders) {
+        Bytes stream(zyr::lzfBlockRoom(block.size()));
+        stream.resize(encoder.encode(block.data(), block.size(), stream.data()));
+        EXPECT_LE(stream.size(), zyr::lzfWorstCase(block.size())) << name << ", " << encoder.name;
+        EXPECT_TRUE(test::plainDecode(stream, block.size()) == block)
+            << name << ", " << encoder.name << ", " << block.size();
+    }
+}
+
+Bytes part(const Bytes& data, std::size_t first, std::size_t size) {
+    const auto from = data.begin() + static_cast<std::ptrdiff_t>(first);
+    return Bytes(from, from + static_cast<std::ptrdiff_t>(size));
+}
+
+template <class T>
+void addMeasured(std::vector<test::NamedBytes>& data, const char* name, const char* type) {
+    const auto values = test::readNpy<T>(std::string(ZYR_DATA_DIR "/") + name, type);
+    constexpr std::ptrdiff_t kCount = zyr::kLzfBlock / sizeof(T);
+    if (values.end() - values.begin() >= kCount)
+        data.emplace_back(name, test::bytesOf(std::vector<T>(values.end() - kCount, values.end())));
+}
+
+/// A block each of indices, colours as words and rows of a range image; none without the folder.
+std::vector<test::NamedBytes> measuredBlocks() {
+    std::vector<test::NamedBytes> data;
+    addMeasured<int>(data, "mesh_frag115/faces.npy", "<i4");
+    addMeasured<std::uint16_t>(data, "range_rgbd/grid.npy", "<u2");
+    const auto bgr = test::readNpy<unsigned char>(ZYR_DATA_DIR "/cloud_milk/bgr.npy", "|u1");
+    if (bgr.size() < zyr::kLzfBlock) return data;
+    data.emplace_back("colours", column(zyr::kLzfBlock / 4, [&](std::size_t i) {
+                          return 0xFF000000U | std::uint32_t(bgr[3 * i + 2]) << 16 |
+                                 std::uint32_t(bgr[3 * i + 1]) << 8 | bgr[3 * i];
+                      }));
+    return data;
+}
+
 }  // namespace
 
 TEST(LzfEncoder, BlocksOfAnyDataAreAStreamOfIt) {
@@ -148,6 +198,34 @@ TEST(LzfEncoder, BlocksOfAnySizeComeBack) {
                 const Bytes block = test::prefix(data, size);
                 EXPECT_EQ(test::plainDecode(encoded(block, width), size), block) << size;
             }
+}
+
+TEST(LzfEncoder, EveryEncoderTakesSmallBlocksOfAnyValues) {
+    std::vector<test::NamedBytes> all = columns();
+    for (const int values : {1, 2, 3, 256})
+        all.emplace_back(std::to_string(values) + " values", test::randomBytes(200, values, 47));
+    for (const auto& [name, data] : all)
+        for (std::size_t size = 16; size < 90; ++size)
+            expectAllEncode(name, part(data, size, size));
+}
+
+TEST(LzfEncoder, EveryEncoderTakesLargeBlocksOfAnyValues) {
+    constexpr std::size_t kFull = zyr::kLzfBlock;
+    const std::size_t sizes[] = {49151, 49152,      49155,     65535,     65536, 65537,
+                                 98304, kFull - 16, kFull - 7, kFull - 1, kFull};
+    std::size_t next = 0;
+    for (const auto& [name, data] : columns())
+        for (int k = 0; k < 2; ++k, ++next)
+            expectAllEncode(name, part(data, next % 8, sizes[next % std::size(sizes)]));
+}
+
+TEST(LzfEncoder, EveryEncoderTakesMeasuredBlocks) {
+    const auto measured = measuredBlocks();
+    if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;
+    for (const auto& [name, block] : measured) {
+        expectAllEncode(name, block);
+        expectAllEncode(name, part(block, 2, 20001));
+    }
 }
 
 TEST(LzfEncoder, ShiftedColumnsComeBack) {

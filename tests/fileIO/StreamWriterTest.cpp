@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "fileIO/File.h"
+#include "fileIO/LzfEncoder.h"
 #include "support/LzfData.h"
 #include "support/PlainLzf.h"
 #include "support/TempFolder.h"
@@ -15,6 +16,9 @@ using test::Bytes;
 namespace {
 
 constexpr std::uint64_t kNoLimit = 0xFFFFFFFF;
+
+/// Bytes of a body of some blocks.
+constexpr std::size_t kSeveral = 2 * zyr::kLzfBlock + 40000;
 
 /// The bytes as blocks of single bytes.
 zyr::BlockSource sourceOf(const Bytes& body) {
@@ -45,7 +49,8 @@ Bytes written(const Bytes& body) {
 std::vector<test::NamedBytes> bodies() {
     std::vector<test::NamedBytes> bodies = test::madeData();
     bodies.emplace_back("empty", Bytes());
-    for (const std::size_t size : {65535U, 65536U, 65537U, 300000U})
+    for (const std::size_t size :
+         {zyr::kLzfBlock - 1, zyr::kLzfBlock, zyr::kLzfBlock + 1, 2 * zyr::kLzfBlock, kSeveral})
         bodies.emplace_back("random, " + std::to_string(size), test::randomBytes(size, 16, 1));
     return bodies;
 }
@@ -63,8 +68,17 @@ TEST(StreamWriter, WritesOneStreamBehindItsSize) {
     }
 }
 
+TEST(StreamWriter, NoiseTakesAControlByteForEach32AndOneForEachBlock) {
+    for (const std::size_t size : {zyr::kLzfBlock, zyr::kLzfBlock + 1, kSeveral + 7}) {
+        const std::size_t blocks = (size + zyr::kLzfBlock - 1) / zyr::kLzfBlock;
+        EXPECT_LE(written(test::randomBytes(size, 256, 6)).size() - 4,
+                  size + (size + 31) / 32 + blocks)
+            << size;
+    }
+}
+
 TEST(StreamWriter, WritesTheSameIntoAPipe) {
-    const Bytes body = test::randomBytes(300000, 16, 2);
+    const Bytes body = test::randomBytes(kSeveral, 16, 2);
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
     std::thread writer([&] {
@@ -82,13 +96,13 @@ TEST(StreamWriter, WritesTheSameIntoAPipe) {
 TEST(StreamWriter, LeavesTheFileAtItsEnd) {
     const test::TempFolder folder;
     const zyr::File file = zyr::openFile(folder.path("stream").c_str(), "wb");
-    ASSERT_TRUE(writeInto(file.get(), test::randomBytes(300000, 256, 3)));
+    ASSERT_TRUE(writeInto(file.get(), test::randomBytes(kSeveral, 256, 3)));
     EXPECT_EQ(std::ftell(file.get()),
               static_cast<long>(test::readFile(folder.path("stream")).size()));
 }
 
 TEST(StreamWriter, StreamFitsUpToTheLimit) {
-    for (const std::size_t size : {1000U, 300000U}) {
+    for (const std::size_t size : {std::size_t(1000), kSeveral}) {
         const Bytes body = test::randomBytes(size, 16, 4);
         const std::uint64_t streamSize = written(body).size() - 4;
         EXPECT_TRUE(zyr::StreamWriter(sourceOf(body), size, streamSize).fits()) << size;
@@ -97,7 +111,7 @@ TEST(StreamWriter, StreamFitsUpToTheLimit) {
 }
 
 TEST(StreamWriter, TellsItsSizeWhenWritten) {
-    const Bytes body = test::randomBytes(300000, 256, 5);
+    const Bytes body = test::randomBytes(kSeveral, 256, 5);
     const zyr::File file(std::tmpfile());
     zyr::StreamWriter writer(sourceOf(body), body.size(), kNoLimit);
     ASSERT_TRUE(writer.write(file.get(), 0));

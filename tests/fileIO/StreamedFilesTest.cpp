@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <liblzf/lzf.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -6,6 +7,7 @@
 #include <random>
 #include <thread>
 
+#include "fileIO/LzfEncoder.h"
 #include "support/CloudFile.h"
 #include "support/DoubleBits.h"
 #include "support/MeshFile.h"
@@ -40,6 +42,20 @@ cv::Mat colorRow(int n, int channels) {
 bool save(ZyrVector3dArray points, ZyrVector3dArray normals, cv::Mat colors,
           const std::string& path) {
     return Zyr3DFileIO::SavePointCloud(points, normals, colors, path.c_str(), true, true);
+}
+
+/// What a file of points, the same as normals, and three-channel colours holds, column by column.
+Bytes body(const ZyrVector3dArray& points, const cv::Mat& colors) {
+    Bytes bytes;
+    for (int column = 0; column < 6; ++column)
+        for (int i = 0; i < points.Length(); ++i)
+            test::put(bytes, points.Data()[3 * i + column % 3]);
+    for (int i = 0; i < points.Length(); ++i) {
+        const auto& bgr = colors.at<cv::Vec3b>(0, i);
+        test::put(bytes,
+                  0xFF000000U | std::uint32_t(bgr[2]) << 16 | std::uint32_t(bgr[1]) << 8 | bgr[0]);
+    }
+    return bytes;
 }
 
 /// Kilobytes behind a name in the process's status.
@@ -79,7 +95,7 @@ template <class Work>
 TEST(StreamedFiles, CloudsOfAnyLengthComeBackBitForBit) {
     const test::TempFolder folder;
     const std::string path = folder.path("a.zpt");
-    for (const int n : {1, 2, 1023, 1024, 1025, 2731, 8191, 8192, 8193, 70000}) {
+    for (const int n : {1, 2, 1023, 1024, 1025, 2730, 2731, 8191, 8192, 8193, 70000}) {
         const ZyrVector3dArray points = surface(n, 1), normals = surface(n, 2);
         const cv::Mat colors = colorRow(n, 4);
         ASSERT_TRUE(save(points, normals, colors, path));
@@ -89,6 +105,46 @@ TEST(StreamedFiles, CloudsOfAnyLengthComeBackBitForBit) {
         EXPECT_TRUE(test::bits(loaded.normals) == test::bits(normals)) << n;
         EXPECT_EQ(cv::norm(loaded.colors, colors, cv::NORM_INF), 0) << n;
     }
+}
+
+TEST(StreamedFiles, ColoursBehindFullBlocksComeBack) {
+    // 16384 points fill three blocks, so that the colours, which are narrower, start the fourth.
+    static_assert(16384 * 24 == 3 * zyr::kLzfBlock, "the points must fill blocks");
+    const test::TempFolder folder;
+    const std::string path = folder.path("a.zpt");
+    for (const int n : {5461, 5462, 16383, 16384, 16385}) {
+        const ZyrVector3dArray points = surface(n, 1);
+        const cv::Mat colors = colorRow(n, 3);
+        ASSERT_TRUE(save(points, ZyrVector3dArray(), colors, path));
+        const test::LoadedCloud loaded = test::loadFile(path, true, true);
+        EXPECT_TRUE(loaded.isLoaded) << n;
+        EXPECT_TRUE(test::bits(loaded.points) == test::bits(points)) << n;
+        EXPECT_EQ(cv::norm(loaded.colors, colors, cv::NORM_INF), 0) << n;
+    }
+}
+
+TEST(StreamedFiles, BodiesOfManyBlocksAreOneStreamForAnyDecoder) {
+    const test::TempFolder folder;
+    const ZyrVector3dArray points = surface(20000, 10);
+    const cv::Mat colors = colorRow(20000, 3);
+    ASSERT_TRUE(save(points, points, colors, folder.path("a.zpt")));
+    const test::CloudParts parts(test::readFile(folder.path("a.zpt")));
+    const Bytes expected = body(points, colors);
+    EXPECT_TRUE(parts.body() == expected);
+    Bytes there(expected.size());
+    EXPECT_EQ(lzf_decompress(parts.stream.data(), static_cast<unsigned>(parts.stream.size()),
+                             there.data(), static_cast<unsigned>(there.size())),
+              there.size());
+    EXPECT_TRUE(there == expected);
+}
+
+TEST(StreamedFiles, SavingTwiceGivesTheSameFile) {
+    const test::TempFolder folder;
+    const ZyrVector3dArray points = surface(20000, 11);
+    const cv::Mat colors = colorRow(20000, 4);
+    ASSERT_TRUE(save(points, points, colors, folder.path("a.zpt")));
+    ASSERT_TRUE(save(points, points, colors, folder.path("b.zpt")));
+    EXPECT_TRUE(test::readFile(folder.path("a.zpt")) == test::readFile(folder.path("b.zpt")));
 }
 
 TEST(StreamedFiles, CutCloudHasTheValuesThatAreThere) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <stdexcept>
 
 #include "ZyrPointCloud.h"
@@ -26,6 +27,22 @@ ZyrPointCloud fromBuffer(std::vector<T> data, int depth, double mark = kInvalid)
 
 Values points(ZyrPointCloud cloud) {
     return values(cloud.PointData());
+}
+
+/// Of small numbers, of which 3 is the mark, against a plain loop.
+template <class T>
+void expectMarksAnywhere(int depth) {
+    std::mt19937 random(1);
+    for (const std::size_t n : {8U, 9U, 340U, 341U, 342U, 343U, 1001U, 70001U})
+        for (const unsigned numbers : {4U, 20U, 400U}) {
+            std::vector<T> buffer(3 * n);
+            for (T& value : buffer) value = static_cast<T>(random() % numbers % 256);
+            Values expected(buffer.begin(), buffer.end());
+            for (std::size_t i = 0; i < buffer.size(); i += 3)
+                if (buffer[i] == 3 || buffer[i + 1] == 3 || buffer[i + 2] == 3)
+                    std::fill_n(expected.begin() + static_cast<std::ptrdiff_t>(i), 3, kInvalid);
+            EXPECT_TRUE(points(fromBuffer(buffer, depth, 3.0)) == expected) << n << ", " << numbers;
+        }
 }
 
 const float kNaNFloat = std::numeric_limits<float>::quiet_NaN();
@@ -192,4 +209,11 @@ TEST(CloudBuffer, LongBufferIsReadWhole) {
     for (std::size_t i = 0; i < buffer.size(); ++i)
         expected[i] = buffer[i] = static_cast<std::uint16_t>(i % 65000 + 1);
     EXPECT_TRUE(points(fromBuffer(buffer, 2, 0.0)) == expected);
+}
+
+TEST(CloudBuffer, MarksAreFoundAnywhereInBuffersOfAnyTypeAndLength) {
+    expectMarksAnywhere<std::uint8_t>(0);
+    expectMarksAnywhere<std::uint16_t>(2);
+    expectMarksAnywhere<float>(5);
+    expectMarksAnywhere<double>(6);
 }

@@ -55,7 +55,11 @@ inline Bytes plainDecode(const Bytes& stream, std::size_t outLen) {
     return plainDecode(stream, stream.size(), outLen).bytes;
 }
 
-/// Encodes as LZF.h words its compressor: a table of 16384 last positions, zero at first.
+/// Encodes as LZF::compress must, byte for byte. A table of 16384 positions, zero at first, holds
+/// where each hash of three bytes was last. While four bytes remain, the position there is
+/// exchanged for the present one; if it lies 1 to 8192 bytes back and three bytes or more are
+/// equal, up to 264 become a reference, else one byte becomes a literal. Behind a reference its
+/// last two positions are entered.
 inline Bytes plainEncode(const Bytes& in) {
     std::vector<std::size_t> last(16384, 0);
     const auto exchange = [&](std::size_t i) {
