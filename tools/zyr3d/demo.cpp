@@ -23,6 +23,7 @@
 #include "files/FileKind.h"
 #include "files/ImageFile.h"
 #include "files/QuietCodecs.h"
+#include "formats/Text.h"
 #include "render/Drawing.h"
 
 namespace zyr {
@@ -90,11 +91,11 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& p
 }
 
 /// The files that a run writes.
-struct Output {
+struct OutputFiles {
     std::string cloud, picture, mesh, range, rangePicture;
 
     /// Creates the folder. The input must not be what is going to be written.
-    Output(const std::string& directory, const std::string& input)
+    OutputFiles(const std::string& directory, const std::string& input)
         : cloud(directory + "/demo.zpt"),
           picture(directory + "/demo.png"),
           mesh(directory + "/demo.ztmt"),
@@ -135,7 +136,8 @@ RoundTrip throughPicture(const HeightImage& heights, const std::string& path) {
         [&] { return difference(kept, loaded); });
 }
 
-void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame,
+                   const OutputFiles& output) {
     HeightImage heights;
     report.time("range build", timed([&] { heights = heightsOf(cloud, frame); }));
     ZyrRangeImage loaded;
@@ -149,14 +151,16 @@ void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame, con
 }
 
 /// What needs pixels that are neighbours on the surface.
-void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame,
+                const OutputFiles& output) {
     if (!frame.isOrganised()) return;
     const Grid grid(cloud, frame.coordinates.cols, frame.coordinates.rows);
     reportMesh(report, cloud, grid, output.mesh);
     reportHeights(report, cloud, frame, output);
 }
 
-int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, const Output& output) {
+int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame,
+           const OutputFiles& output) {
     std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
     report.print();
     if (!frame.isOrganised())
@@ -173,7 +177,7 @@ int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, const
 
 int runDemo(const DemoOptions& options) {
     Frame frame = readFrame(options);
-    const Output output(options.directory, options.input);
+    const OutputFiles output(options.directory, options.input);
     ZyrPointCloud cloud;
     const double build = timed([&] { cloud = buildCloud(frame); });
     Report report(cloud.Length());
@@ -189,7 +193,7 @@ int runDemo(const DemoOptions& options) {
 CLI::Validator between(double low, double high) {
     const auto check = [=](std::string& text) {
         double value = 0.0;
-        const bool isNumber = CLI::detail::lexical_cast(text, value);
+        const bool isNumber = parseNumber(text, value);
         const bool isGood = isNumber && value >= low && value <= high;
         return isGood ? std::string() : "not between " + compact(low) + " and " + compact(high);
     };

@@ -12,6 +12,7 @@
 #include "Table.h"
 #include "diff/Deviation.h"
 #include "diff/Pairs.h"
+#include "formats/Text.h"
 
 namespace zyr {
 namespace {
@@ -122,7 +123,7 @@ void addDiff(CLI::App& app, int& outcome) {
         ->check(CLI::Validator(
             [](std::string& text) {
                 double value = 0;
-                const bool isGood = CLI::detail::lexical_cast(text, value) && value >= 0;
+                const bool isGood = parseNumber(text, value) && value >= 0;
                 return isGood ? std::string() : "not a number from 0 on";
             },
             ""));

@@ -8,6 +8,7 @@
 #include "Batch.h"
 #include "Outcome.h"
 #include "files/SafeFile.h"
+#include "formats/Text.h"
 #include "render/Drawing.h"
 #include "render/LookOptions.h"
 #include "render/Read.h"
@@ -61,7 +62,7 @@ int renderFile(const Job& job, const RenderOptions& options, Output& output) {
 }
 
 bool isPng(const std::string& path) {
-    return CLI::detail::to_lower(fs::path(path).extension().string()) == ".png";
+    return lowered(fs::path(path).extension().string()) == ".png";
 }
 
 /// FILE OUT.png.

@@ -1,12 +1,12 @@
 #include "files/FileKind.h"
 
-#include <CLI/CLI.hpp>
 #include <array>
 
 #include "Outcome.h"
 #include "Zyr3DInner.h"
 #include "files/RegularFile.h"
 #include "formats/Format.h"
+#include "formats/Text.h"
 
 namespace zyr {
 namespace {
@@ -33,7 +33,7 @@ constexpr std::array<Suffix, 11> kSuffixes = {{{"zpt", false, FileKind::Cloud},
 
 FileKind fileKind(const std::string& path) {
     const std::string suffix = Zyr3DInner::getSuffix(path.c_str());
-    const std::string lower = CLI::detail::to_lower(suffix);
+    const std::string lower = lowered(suffix);
     for (const Suffix& each : kSuffixes)
         if (each.text == (each.isAnyCase ? lower : suffix)) return each.kind;
     if (isScenePath(path)) return FileKind::Foreign;

@@ -47,14 +47,14 @@ void addColors(Facts& facts, const std::string& label, int channels) {
     facts.add(label, key, channels == 0 ? "none" : text, static_cast<std::uint64_t>(channels));
 }
 
-void Bounds::take(ZyrVector3d& point) {
+void PointBounds::take(ZyrVector3d& point) {
     if (!point.IsValid()) return;
     isEmpty_ = false;
     low_ = low_.Minimum(point);
     high_ = high_.Maximum(point);
 }
 
-void Bounds::addTo(Facts& facts) const {
+void PointBounds::addTo(Facts& facts) const {
     if (isEmpty_) return;
     facts.interval("x", low_.x, high_.x);
     facts.interval("y", low_.y, high_.y);
@@ -62,7 +62,7 @@ void Bounds::addTo(Facts& facts) const {
 }
 
 void addBounds(Facts& facts, ZyrVector3dArray& points) {
-    Bounds bounds;
+    PointBounds bounds;
     for (int i = 0; i < points.Length(); ++i) bounds.take(points[i]);
     bounds.addTo(facts);
 }

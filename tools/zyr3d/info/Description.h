@@ -36,7 +36,7 @@ void addBody(Facts& facts, const CloudHeader& header);
 void addColors(Facts& facts, const std::string& label, int channels);
 
 /// Between which coordinates valid points lie.
-class Bounds {
+class PointBounds {
 public:
     void take(ZyrVector3d& point);
     /// Nothing of no points.

@@ -41,8 +41,8 @@ void addAxes(Facts& facts, const std::string& key, double x, double y, double z)
 }
 
 /// Of the points that the calibration makes of the values.
-Bounds boundsOf(const RangeFile& file) {
-    Bounds bounds;
+PointBounds boundsOf(const RangeFile& file) {
+    PointBounds bounds;
     cv::Mat values;
     for (int row = 0; row < file.values.rows; ++row) {
         file.values.row(row).convertTo(values, CV_64F);

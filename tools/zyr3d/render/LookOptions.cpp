@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
+#include "formats/Text.h"
+
 namespace zyr {
 namespace {
 
@@ -40,7 +42,7 @@ bool parseColor(const std::string& text, std::optional<ColorBy>& color) {
 
 bool parsePointSize(const std::string& text, std::optional<double>& size) {
     double value = 0.0;
-    if (!CLI::detail::lexical_cast(text, value) || !(value >= 0.5 && value <= 200.0)) return false;
+    if (!parseNumber(text, value) || !(value >= 0.5 && value <= 200.0)) return false;
     size = value;
     return true;
 }
