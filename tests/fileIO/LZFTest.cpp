@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include "support/Lzf.h"
 #include "support/LzfData.h"
 #include "support/PlainLzf.h"
@@ -161,6 +163,24 @@ TEST(LZF, CompressGivesZeroWhereTheResultDoesNotFit) {
         for (int outLen = std::max(0, size - 70); outLen < size; ++outLen)
             EXPECT_EQ(compressInto(data, outLen), 0) << name << ", " << outLen;
     }
+}
+
+TEST(LZF, AnyLiteralsBeforeAnyMatchTakeExactlyTheirRoom) {
+    for (std::size_t literals = 1; literals < 36; ++literals)
+        for (const std::size_t length : {3, 4, 7, 8, 9, 10, 19})
+            for (std::size_t behind = 0; behind < 20; behind += 1 + behind / 2) {
+                Bytes fresh(literals + behind);
+                std::iota(fresh.begin(), fresh.end(), 1);
+                const auto middle = fresh.begin() + static_cast<std::ptrdiff_t>(literals);
+                const Bytes data = test::joined({Bytes(20), Bytes(fresh.begin(), middle),
+                                                 Bytes(length), Bytes(middle, fresh.end())});
+                const Bytes stream = test::plainEncode(data);
+                EXPECT_EQ(lzfCompressed(data), stream) << literals << ", " << length;
+                EXPECT_EQ(compressInto(data, intSize(stream)), intSize(stream)) << literals;
+                for (int room = intSize(stream) - static_cast<int>(behind) - 5;
+                     room < intSize(stream); ++room)
+                    EXPECT_EQ(compressInto(data, room), 0) << literals << ", " << room;
+            }
 }
 
 TEST(LZF, CompressGivesZeroForANegativeOutputLength) {

@@ -113,6 +113,17 @@ TEST(LzfCodec, TrustedFormReadsOneChunkAtLeast) {
     EXPECT_EQ(result.produced, 2U);
 }
 
+TEST(LzfCodec, TrustedFormReadsTheLastReferenceAndNoByteMore) {
+    for (const Bytes& reference : {Bytes{1 << 5, 0}, Bytes{6 << 5, 0}, Bytes{7 << 5, 1, 0}}) {
+        const Bytes stream = test::joined({0, 'a'}, reference);
+        const std::size_t length = reference[0] / 32 + (reference.size() == 3 ? 3 : 2);
+        Bytes out(1 + length);
+        const auto result = zyr::lzfDecompressTrusted(stream.data(), 3, out.data(), out.size());
+        EXPECT_EQ(result.end, LzfEnd::Whole);
+        EXPECT_EQ(result.produced, out.size());
+    }
+}
+
 TEST(LzfCodec, InputsOfMoreThan4GiBCompress) {
 #ifndef NDEBUG
     GTEST_SKIP() << "takes minutes where the codec is not optimised";

@@ -83,6 +83,8 @@ TEST(PcdFields, LaterFieldsLineReplacesNamesAndNumberAndKeepsIndices) {
 TEST(PcdFields, LaterFieldsLineTooShortForTheIndicesIsRefused) {
     EXPECT_FALSE(readLines("FIELDS a b x y z\nFIELDS a b c\n").isRead);
     EXPECT_FALSE(readLines("FIELDS x y z\nFIELDS\n").isRead);
+    EXPECT_FALSE(readLines("FIELDS x y z rgb\nFIELDS x y z\n").isRead);
+    EXPECT_FALSE(readLines("FIELDS x y z frgb\nFIELDS x y z\n").isRead);
 }
 
 TEST(PcdFields, FourteenFieldsAreRead) {

@@ -121,6 +121,14 @@ TEST(BinaryCloud, ColoursAreReadWhetherWantedOrNot) {
     }
 }
 
+TEST(BinaryCloud, ColoursMayComeFirst) {
+    const auto header = CloudHeader(1).columns("rgb x y z", "4 4 4 4", "U F F F", "1 1 1 1");
+    const auto cloud =
+        load(header, test::joined(bytesOf<std::uint32_t>({0x800A141E}), bytesOf<float>({1, 2, 3})));
+    EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3}));
+    EXPECT_EQ(cloud.colorBytes(), (Bytes{30, 20, 10, 128}));
+}
+
 TEST(BinaryCloud, ColourWordsOfFewerBytesHaveZerosAbove) {
     const Bytes words = {0x1E, 0x14, 0x0A};
     for (std::size_t size = 0; size < 4; ++size) {
@@ -168,6 +176,13 @@ TEST(BinaryCloud, CutInsideALargeUnknownFieldKeepsTheRest) {
     const auto cloud = load(header, test::joined(bytesOf<float>({1, 2, 3}), Bytes(4500, 9)));
     EXPECT_TRUE(cloud.isLoaded);
     EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 3, 0, 0, 0}));
+}
+
+TEST(BinaryCloud, CutInsideALargeCoordinateLeavesItZero) {
+    const auto header = CloudHeader(1).columns("x y z", "8 8 8", "F F F", "1 1 10");
+    const auto cloud = load(header, test::joined(bytesOf<double>({1, 2, 3}), Bytes(48, 9)));
+    EXPECT_TRUE(cloud.isLoaded);
+    EXPECT_EQ(test::values(cloud.points), (Values{1, 2, 0}));
 }
 
 TEST(BinaryCloud, BytesBehindTheRecordsAreIgnored) {

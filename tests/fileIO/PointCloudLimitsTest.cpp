@@ -23,7 +23,7 @@ CloudHeader withNormals(CloudHeader header) {
 }
 
 CloudHeader withColors(CloudHeader header) {
-    return header.columns("x y z rgb", "4 4 4 4", "F F F U", "1 1 1 1");
+    return header.columns("rgb x y z", "4 4 4 4", "U F F F", "1 1 1 1");
 }
 
 bool loads(const CloudHeader& header, const Bytes& body) {

@@ -1,0 +1,157 @@
+#include <gtest/gtest.h>
+
+#include "fileIO/LzfEncoder.h"
+#include "support/LzfColumnData.h"
+#include "support/LzfEncoders.h"
+
+/// How small blocks become, and by which encoder.
+
+using test::Bytes;
+
+namespace {
+
+enum Encoder { kFloatBorn, kDoubles, kIntegers, kBytes, kShorts, kNoisyShorts, kCount };
+
+struct Sizes {
+    const char* name;
+    std::size_t sizes[kCount];
+};
+
+Bytes encodedBy(Encoder encoder, const Bytes& block) {
+    Bytes stream(zyr::lzfBlockRoom(block.size()));
+    stream.resize(test::kEncoders[encoder].encode(block.data(), block.size(), stream.data()));
+    return stream;
+}
+
+Bytes encoded(const Bytes& block, std::size_t width) {
+    Bytes stream(zyr::lzfBlockRoom(block.size()));
+    stream.resize(zyr::lzfEncodeBlock(block.data(), block.size(), width, stream.data()));
+    return stream;
+}
+
+/// The start of each column, a block of the starts of all, and what lies far back or behind noise.
+std::vector<test::NamedBytes> knownBlocks() {
+    std::vector<test::NamedBytes> blocks = test::columns();
+    Bytes& mixed = blocks.back().second;
+    mixed.clear();
+    for (auto& [name, data] : blocks) {
+        if (&data != &mixed) mixed = test::joined(mixed, test::prefix(data, 11000));
+        data.resize(std::min(data.size(), zyr::kLzfBlock));
+    }
+    blocks.emplace_back("far back", test::repeated(test::noiseColumn(1024), zyr::kLzfBlock));
+    blocks.emplace_back("behind noise",
+                        test::joined(test::noiseColumn(12000), test::decimals(4000)));
+    return blocks;
+}
+
+/// As many values, of which the first so many that a sample looks at are one of a kind.
+template <class Make>
+Bytes sampled(std::size_t count, std::size_t ofAKind, Make make) {
+    const std::size_t step = count / 64 + 1;
+    return test::column(
+        count, [&](std::size_t i) { return make(i, i % step == 0 && i / step < ofAKind); });
+}
+
+std::size_t sampleOf(std::size_t count) {
+    const std::size_t step = count / 64 + 1;
+    return (count + step - 1) / step;
+}
+
+void expectEncodedBy(Encoder encoder, const Bytes& block, std::size_t width, Encoder other) {
+    EXPECT_EQ(encoded(block, width), encodedBy(encoder, block)) << block.size();
+    EXPECT_NE(encodedBy(encoder, block), encodedBy(other, block)) << "the block tells nothing";
+}
+
+/// Rows of which the bytes from first to last are noise.
+Bytes rows(std::size_t size, std::size_t first, std::size_t last) {
+    std::mt19937 random(48);
+    Bytes bytes =
+        test::column(size / 2, [](std::size_t i) { return std::uint16_t(i / 20 + i % 2); });
+    for (std::size_t i = first; i < last; ++i) bytes[i] = static_cast<unsigned char>(random());
+    return bytes;
+}
+
+}  // namespace
+
+// Whoever changes an encoder changes these numbers; smaller is better.
+TEST(LzfSizes, OfKnownBlocksAreTheKnownOnes) {
+    const Sizes expected[] = {
+        {"floats", {96185, 94381, 94459, 96430, 104021, 96549}},
+        {"holes", {83586, 86233, 89660, 83670, 87059, 83741}},
+        {"steps", {100690, 57159, 68076, 60975, 63630, 60086}},
+        {"grid", {36173, 48764, 79288, 37268, 54263, 37431}},
+        {"indices", {132065, 107665, 84127, 93015, 84311, 77813}},
+        {"words", {62768, 64967, 56876, 54778, 42238, 53759}},
+        {"rows", {104551, 68754, 75325, 54877, 44626, 54325}},
+        {"noisy rows", {131675, 131069, 124787, 112332, 133252, 108372}},
+        {"half floats", {117386, 79592, 83789, 77223, 88798, 76337}},
+        {"noise", {135168, 135168, 135168, 135168, 135168, 135168}},
+        {"ordered", {26066, 25340, 97003, 44792, 42760, 44975}},
+        {"all", {92591, 81995, 84875, 75225, 79795, 73680}},
+        {"far back", {10863, 14083, 13137, 11164, 11140, 11036}},
+        {"behind noise", {132000, 107968, 113583, 107062, 114783, 105390}},
+    };
+    std::size_t next = 0;
+    for (const auto& [name, block] : knownBlocks()) {
+        const Sizes& sizes = expected[next++];
+        EXPECT_EQ(name, sizes.name);
+        for (int i = 0; i < kCount; ++i)
+            EXPECT_EQ(encodedBy(Encoder(i), block).size(), sizes.sizes[i])
+                << name << ", " << test::kEncoders[i].name;
+    }
+}
+
+TEST(LzfSizes, WordsAreIndicesWhenHalfOfASampleHaveNoHighestByte) {
+    const auto word = [](std::size_t i, bool isIndex) {
+        return std::uint32_t((isIndex ? 0x00020301 : 0x01020301) + i / 3);
+    };
+    for (const std::size_t count : {600, 630, 640}) {
+        const std::size_t half = (sampleOf(count) + 1) / 2;
+        expectEncodedBy(kIntegers, sampled(count, half, word), 4, kBytes);
+        expectEncodedBy(kBytes, sampled(count, half - 1, word), 4, kIntegers);
+    }
+}
+
+TEST(LzfSizes, DoublesAreFloatBornWhenSevenEighthsOfASampleAre) {
+    for (const std::uint64_t fraction : {1U, 1U << 28}) {
+        const auto value = [=](std::size_t i, bool isFloat) {
+            const std::uint64_t bits = 0x3FF0000020000000 + (std::uint64_t(i / 3) << 30);
+            return isFloat ? bits : bits | fraction;
+        };
+        for (const std::size_t count : {112, 630, 640}) {
+            const std::size_t most = (7 * sampleOf(count) + 7) / 8;
+            expectEncodedBy(kFloatBorn, sampled(count, most, value), 8, kDoubles);
+            expectEncodedBy(kDoubles, sampled(count, most - 1, value), 8, kFloatBorn);
+        }
+    }
+}
+
+TEST(LzfSizes, RowsAreNoisyWhenASampleInTheMiddleIs) {
+    expectEncodedBy(kNoisyShorts, rows(32768, 16384, 16384 + 1024), 2, kShorts);
+    expectEncodedBy(kShorts, rows(32768, 0, 2048), 2, kNoisyShorts);
+    expectEncodedBy(kShorts, rows(32768, 16384 + 1024, 32768), 2, kNoisyShorts);
+}
+
+TEST(LzfSizes, RowsOutsideTheSampleAreNoisyWhenTheyBecomeSmallerSo) {
+    expectEncodedBy(kNoisyShorts, rows(32768, 0, 16384), 2, kShorts);
+}
+
+TEST(LzfSizes, NoisyRowsStayRowsWhereBytesTakeMore) {
+    std::mt19937 random(2);
+    Bytes block(20000);
+    for (unsigned char& byte : block) byte = static_cast<unsigned char>(random());
+    for (std::ptrdiff_t i = 4000; i + 40 < 20000; i += 40) {
+        const auto distance = static_cast<std::ptrdiff_t>(2 * (1 + random() % 1900));
+        std::copy_n(block.begin() + i - distance, 8, block.begin() + i);
+    }
+    EXPECT_LT(encodedBy(kShorts, block).size(), encodedBy(kNoisyShorts, block).size());
+    expectEncodedBy(kShorts, block, 2, kNoisyShorts);
+}
+
+TEST(LzfSizes, FewRowsHaveNoSample) {
+    expectEncodedBy(kShorts, rows(32766, 16382, 16382 + 1022), 2, kNoisyShorts);
+}
+
+TEST(LzfSizes, OtherValuesAreBytes) {
+    expectEncodedBy(kBytes, rows(4000, 0, 1000), 1, kShorts);
+}
