@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "Program.h"
+#include "support/Sanitizer.h"
 
 namespace {
 
@@ -77,9 +78,7 @@ TEST_F(BatchOfFiles, ReaderThatGoesAwayEndsTheWorkQuietly) {
 }
 
 TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
-#if defined(__SANITIZE_ADDRESS__)
-    GTEST_SKIP() << "the address sanitizer takes more memory than is left here";
-#endif
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer takes more memory than is left here";
     // A sparse file of a gigabyte.
     const std::string make = "truncate -s 1G big.zrt; cp " ZYR_GOLDEN_DIR "/rangeimage/type0.zrt .";
     for (const char* command : {"info", "check", "diff type0.zrt"})
