@@ -18,8 +18,7 @@ bool isColorChannelCount(std::int64_t channels) {
 }
 
 bool hasColors(const cv::Mat& colors, std::size_t elements) {
-    return colors.dims <= 2 && !colors.empty() && colors.depth() == CV_8U &&
-           isColorChannelCount(colors.channels()) &&
+    return !colors.empty() && colors.depth() == CV_8U && isColorChannelCount(colors.channels()) &&
            static_cast<std::size_t>(colors.cols) == elements;
 }
 

@@ -24,9 +24,6 @@ namespace {
 
 constexpr std::size_t kPart = 256;
 
-/// Parts that are passed unseen at a time where nothing is found.
-constexpr std::size_t kMostPassed = 8;
-
 template <class T>
 class ColumnEncoder {
 public:
@@ -60,9 +57,7 @@ private:
     using Places = std::array<std::uint16_t, 1 << kBits>;
 
     /// Values to pass unseen: none before nothing was found in all that is in reach.
-    static std::size_t passed(std::size_t barren) {
-        return std::min(barren / kReach, kMostPassed) * kPart;
-    }
+    static std::size_t passed(std::size_t barren) { return barren / kReach * kPart; }
 
     T value(std::size_t i) const {
         T result;

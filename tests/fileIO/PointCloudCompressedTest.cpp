@@ -54,6 +54,17 @@ TEST(CompressedCloud, NormalsGoByTheirOwnSizes) {
     EXPECT_EQ(test::values(cloud.normals), kPoints);
 }
 
+TEST(CompressedCloud, NormalsAndColoursMayComeFirst) {
+    const auto normals =
+        load(CloudHeader(2).columns("nx ny nz x y z", "8 8 8 8 8 8", "F F F F F F", "1 1 1 1 1 1"),
+             test::joined(doubles(), bytesOf<double>({9, 9, 9, 9, 9, 9})));
+    EXPECT_EQ(test::values(normals.normals), kPoints);
+    const auto colors = load(CloudHeader(2).columns("rgb x y z", "4 8 8 8", "U F F F", "1 1 1 1"),
+                             test::joined(bytesOf<std::uint32_t>({0x0A141E, 0x010203}), doubles()));
+    EXPECT_EQ(test::values(colors.points), kPoints);
+    EXPECT_EQ(colors.colorBytes(), (Bytes{30, 20, 10, 3, 2, 1}));
+}
+
 TEST(CompressedCloud, CoordinatesOfAnotherSizeAreRefused) {
     for (const char* sizes : {"2 8 8", "8 8 1", "8 16 8", "0 0 0"}) {
         const auto header = CloudHeader(2).columns("x y z", sizes, "F F F", "1 1 1");

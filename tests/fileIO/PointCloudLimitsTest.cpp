@@ -118,6 +118,10 @@ TEST(CloudLimits, CompressedNormalsAndColoursCountWhereTheyAreWanted) {
     EXPECT_FALSE(loadsCompressed(moreColors, 16 * (kMostColouredPoints + 1), 0));
 }
 
+TEST(CloudLimits, ColoursOfNoStatedChannelsCountNothing) {
+    EXPECT_TRUE(loads(withColors(CloudHeader(kMostPoints)), {}));
+}
+
 TEST(CloudLimits, CompressedElementsBeyondNeedAByteForEach88) {
     // 12 x 2796203 / 88 = 381300.4
     const CloudHeader header = floats(kMostPoints + 1);
