@@ -55,11 +55,8 @@ long forEachAllocation(Use use) {
 
 class MemoryFaults : public test::EachFormat {
 protected:
-    bool load(Content& content) const {
-        return GetParam().load(content, sample_.c_str(), true, true);
-    }
-
-    bool save(Content& content) const { return GetParam().save(content, file_.c_str()); }
+    bool load(Content& content) const { return EachFormat::load(content, sample_); }
+    bool save(Content& content) const { return EachFormat::save(content, file_); }
 
     /// Loads the file, and saves what it holds, while the address space is used up, with a little
     /// more memory each time. True where that gives false and then all of the file.
@@ -70,8 +67,7 @@ protected:
     template <class Holds>
     void expectOfEachGolden(Holds holds) const;
 
-    test::TempFolder folder_;
-    std::string file_ = folder_.path("file");
+    std::string file_ = file();
     std::string sample_ = GetParam().samplePath();
 };
 
@@ -87,17 +83,15 @@ bool needsMemory(Use use) {
 
 bool MemoryFaults::loadsUnderLimits(const std::string& path) const {
     Content content, whole;
-    const auto load = [&](Content& c) { return GetParam().load(c, path.c_str(), true, true); };
-    return load(whole) && needsMemory([&] { return load(content); }) &&
+    return EachFormat::load(whole, path) &&
+           needsMemory([&] { return EachFormat::load(content, path); }) &&
            test::bytesOf(content) == test::bytesOf(whole);
 }
 
 bool MemoryFaults::savesUnderLimits(const std::string& path) const {
     Content content, again;
-    if (!GetParam().load(content, path.c_str(), true, true)) return false;
-    return needsMemory([&] { return save(content); }) &&
-           GetParam().load(again, file_.c_str(), true, true) &&
-           test::bytesOf(again) == test::bytesOf(content);
+    return EachFormat::load(content, path) && needsMemory([&] { return save(content); }) &&
+           EachFormat::load(again, file_) && test::bytesOf(again) == test::bytesOf(content);
 }
 
 template <class Holds>
@@ -183,7 +177,7 @@ TEST_P(MemoryFaults, SavingGivesFalseAtEachAllocationAndLeavesTheObjects) {
     EXPECT_GT(forEachAllocation([&](Content&) { return save(content); }), 0);
     EXPECT_EQ(test::bytesOf(content), before);
     Content again;
-    EXPECT_TRUE(GetParam().load(again, file_.c_str(), true, true));
+    EXPECT_TRUE(EachFormat::load(again, file_));
     EXPECT_EQ(test::bytesOf(again), before);
 }
 
