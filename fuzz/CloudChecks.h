@@ -14,8 +14,13 @@ namespace fuzz {
 /// Elements that all checks have time for.
 constexpr std::int64_t kMostElements = 5000;
 
+/// What no file may state counts as the most that one may.
+inline std::int64_t stated(const test::PlainHeader& header, const char* keyword) {
+    return std::clamp<std::int64_t>(header.number(keyword), 0, 2147483647);
+}
+
 inline std::int64_t cloudBytes(const test::PlainHeader& header) {
-    return 24 * header.number("POINTS");
+    return 24 * stated(header, "POINTS");
 }
 
 /// Whether elements of so many bytes need more bytes of the file than any input has.

@@ -29,7 +29,7 @@ inline void checkMeshRoundTrip(test::MeshLists& mesh, int faces) {
 }
 
 inline std::int64_t meshBytes(const test::PlainHeader& header) {
-    return cloudBytes(header) + 12 * header.number("FACES");
+    return cloudBytes(header) + 12 * stated(header, "FACES");
 }
 
 inline bool isSlowMesh(const test::PlainHeader& header) {
