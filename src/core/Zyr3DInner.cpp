@@ -5,6 +5,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "core/Path.h"
+
 namespace {
 
 /// Puts the calling thread, not the process, under the environment's LC_CTYPE.
@@ -49,9 +51,7 @@ Target* converted(const Source* source) {
 template <class Char>
 std::basic_string<Char> suffix(const Char* path) {
     if (path == nullptr) throw std::logic_error("basic_string::_M_construct null not valid");
-    const std::basic_string<Char> text(path);
-    const std::size_t dot = text.rfind(Char('.'));
-    return dot == text.npos ? std::basic_string<Char>() : text.substr(dot + 1);
+    return std::basic_string<Char>(zyr::suffixOf(path));
 }
 
 }  // namespace

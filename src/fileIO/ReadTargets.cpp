@@ -49,10 +49,11 @@ void VectorTarget::store(const ReadRun& run, std::size_t component) {
     const std::size_t count = std::min(run.count, length_ - run.i);
     grow(run.i + count);
     double* target = &vectors_[run.i].x + component;
-    const Byte* source = run.data;
-    for (std::size_t left = count; left > 0; --left, target += 3, source += run.stride) {
-        const auto value = static_cast<double>(valueAt<T>(source));
-        if (keepsNaN_ || value == value) *target = value;
+    // Counted down, which takes an instruction less for each value.
+    for (std::size_t left = count; left > 0; --left) {
+        const std::size_t j = count - left;
+        const auto value = static_cast<double>(valueAt<T>(run.data + j * run.stride));
+        if (keepsNaN_ || value == value) target[3 * j] = value;
     }
 }
 

@@ -1,37 +1,31 @@
 #include "ZyrTriangleMesh.h"
 
-#include <string>
+#include <string_view>
 
 #include "Zyr3DFileIO.h"
-#include "Zyr3DInner.h"
-#include "core/NarrowPath.h"
+#include "core/Path.h"
 
 // The mesh's own file access: the path's part of it.
 
 namespace {
 
 bool isMeshPath(const char* path) {
-    if (path == nullptr) return false;
-    const std::string suffix = Zyr3DInner::getSuffix(path);
+    const std::string_view suffix = zyr::suffixOf(path);
     return suffix == "ztmt" || suffix == "ZTMT";
 }
 
 }  // namespace
 
-bool ZyrTriangleMesh::Load(const char* path, bool withNormals, bool withColors) try {
+bool ZyrTriangleMesh::Load(const char* path, bool withNormals, bool withColors) {
     Clear();
     return isMeshPath(path) &&
            Zyr3DFileIO::LoadTriangleMesh(vertices_, vertexNormals_, *vertexColors_.mat_, triangles_,
                                          triangleNormals_, *triangleColors_.mat_, path, withNormals,
                                          withColors);
-} catch (...) {
-    return false;
 }
 
-bool ZyrTriangleMesh::Load(const wchar_t* path, bool withNormals, bool withColors) try {
+bool ZyrTriangleMesh::Load(const wchar_t* path, bool withNormals, bool withColors) {
     return Load(zyr::narrowPath(path).get(), withNormals, withColors);
-} catch (...) {
-    return false;
 }
 
 bool ZyrTriangleMesh::Save(const char* path, bool withNormals, bool withColors) const try {
@@ -44,8 +38,6 @@ bool ZyrTriangleMesh::Save(const char* path, bool withNormals, bool withColors) 
     return false;
 }
 
-bool ZyrTriangleMesh::Save(const wchar_t* path, bool withNormals, bool withColors) const try {
+bool ZyrTriangleMesh::Save(const wchar_t* path, bool withNormals, bool withColors) const {
     return Save(zyr::narrowPath(path).get(), withNormals, withColors);
-} catch (...) {
-    return false;
 }

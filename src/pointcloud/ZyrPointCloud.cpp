@@ -1,14 +1,12 @@
 #include "ZyrPointCloud.h"
 
 #include <cstdint>
-#include <memory>
 #include <opencv2/core.hpp>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "Zyr3DFileIO.h"
-#include "Zyr3DInner.h"
-#include "core/NarrowPath.h"
+#include "core/Path.h"
 #include "core/RawPoints.h"
 #include "core/StoreAccess.h"
 
@@ -38,8 +36,7 @@ std::vector<ZyrVector3d> pointsOf(const void* data, std::size_t n, int depth, do
 }
 
 bool isPointCloudPath(const char* path) {
-    if (path == nullptr) return false;
-    const std::string suffix = Zyr3DInner::getSuffix(path);
+    const std::string_view suffix = zyr::suffixOf(path);
     return suffix == "zpt" || suffix == "ZPT";
 }
 

@@ -1,13 +1,10 @@
 #include <algorithm>
 #include <array>
-#include <memory>
-#include <string>
 #include <string_view>
 
 #include "Zyr3DFileIO.h"
-#include "Zyr3DInner.h"
 #include "ZyrRangeImage.h"
-#include "core/NarrowPath.h"
+#include "core/Path.h"
 #include "rangeimage/ImageCodec.h"
 #include "rangeimage/RangeImageBlock.h"
 
@@ -16,26 +13,21 @@ namespace {
 /// Whether a suffix is this one of capital letters, in any letter case. Asks no locale: a Turkish
 /// one has no "TIF" for its "tif".
 template <class Char>
-bool isSuffix(const std::basic_string<Char>& suffix, std::string_view capitals) {
+bool isSuffix(std::basic_string_view<Char> suffix, std::string_view capitals) {
     return std::equal(
         suffix.begin(), suffix.end(), capitals.begin(), capitals.end(),
         [](Char c, char capital) { return (c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c) == capital; });
 }
 
 bool isOwnPath(const char* path) {
-    return path != nullptr && isSuffix(Zyr3DInner::getSuffix(path), "ZRT");
+    return isSuffix(zyr::suffixOf(path), "ZRT");
 }
 
 bool isImagePath(const wchar_t* path) {
-    if (path == nullptr) return false;
     constexpr std::array kSuffixes = {"PNG", "JPG", "JPEG", "BMP", "TIF", "TIFF"};
-    const std::wstring suffix = Zyr3DInner::getSuffix(path);
+    const std::wstring_view suffix = zyr::suffixOf(path);
     return std::any_of(kSuffixes.begin(), kSuffixes.end(),
                        [&](const char* capitals) { return isSuffix(suffix, capitals); });
-}
-
-std::unique_ptr<wchar_t[]> widen(const char* path) {
-    return std::unique_ptr<wchar_t[]>(Zyr3DInner::char2wchar(path));
 }
 
 /// One channel of the stored depth; empty when it can't be read.
@@ -90,7 +82,7 @@ bool ZyrRangeImage::Load(const wchar_t* path, double resolutionZ, double offsetZ
 }
 
 bool ZyrRangeImage::Load(const char* path, double resolutionZ, double offsetZ) {
-    return Load(widen(path).get(), resolutionZ, offsetZ);
+    return Load(zyr::widePath(path).get(), resolutionZ, offsetZ);
 }
 
 bool ZyrRangeImage::Save(const wchar_t* path) try {
@@ -101,5 +93,5 @@ bool ZyrRangeImage::Save(const wchar_t* path) try {
 }
 
 bool ZyrRangeImage::Save(const char* path) {
-    return Save(widen(path).get());
+    return Save(zyr::widePath(path).get());
 }

@@ -14,6 +14,7 @@ namespace {
 
 test::Faults faults;
 std::size_t numCalls = 0;
+std::size_t farthest = 0;
 int numOpen = 0;
 
 int descriptorOf(void* cookie) {
@@ -21,14 +22,18 @@ int descriptorOf(void* cookie) {
 }
 
 bool fails(int error) {
-    const bool isFailure = numCalls++ >= faults.failAt;
+    const bool isFailure = numCalls >= faults.failAt || numCalls == faults.failOnly;
+    ++numCalls;
     if (isFailure) errno = error;
     return isFailure;
 }
 
 ssize_t readSome(void* cookie, char* bytes, std::size_t size) {
     if (fails(EIO)) return -1;
-    return read(descriptorOf(cookie), bytes, std::min(size, faults.step));
+    const ssize_t got = read(descriptorOf(cookie), bytes, std::min(size, faults.step));
+    const off64_t here = lseek64(descriptorOf(cookie), 0, SEEK_CUR);
+    farthest = std::max(farthest, static_cast<std::size_t>(here));
+    return got;
 }
 
 /// Step by step, each of which may be the last: a stream takes a short write for a failed one.
@@ -70,6 +75,7 @@ std::FILE* openFaulty(const char* path, const char* mode) {
 test::FaultyFiles::FaultyFiles(const Faults& wanted) {
     faults = wanted;
     numCalls = 0;
+    farthest = 0;
     openThrough(openFaulty);
 }
 
@@ -79,6 +85,10 @@ test::FaultyFiles::~FaultyFiles() {
 
 std::size_t test::FaultyFiles::calls() {
     return numCalls;
+}
+
+std::size_t test::FaultyFiles::bytesRead() {
+    return farthest;
 }
 
 int test::FaultyFiles::open() {

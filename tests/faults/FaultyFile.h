@@ -17,6 +17,8 @@ struct Faults {
     /// The write, from 0, at which the process is killed.
     std::size_t killAt = kNever;
     bool failsClose = false;
+    /// The read or write, from 0, that fails alone.
+    std::size_t failOnly = kNever;
 };
 
 /// While it lives, files are opened with the faults.
@@ -29,6 +31,8 @@ public:
 
     /// Reads and writes so far.
     static std::size_t calls();
+    /// How far into a file the reads have come.
+    static std::size_t bytesRead();
     /// Files that are open.
     static int open();
 };

@@ -24,18 +24,6 @@ class FileFaults : public test::EachFormat {
 protected:
     static void SetUpTestSuite() { test::catchStops(); }
 
-    bool load(Content& content, const std::string& path) const {
-        return GetParam().load(content, path.c_str(), true, true);
-    }
-    bool save(Content& content, const std::string& path) const {
-        return GetParam().save(content, path.c_str());
-    }
-    /// The result and all values of loading.
-    Bytes loaded(const std::string& path) const {
-        Content content;
-        const bool isLoaded = load(content, path);
-        return test::joined(Bytes(1, isLoaded), test::bytesOf(content));
-    }
     /// Neither reading nor writing succeeds, and the objects are usable afterwards.
     void expectUseless(const std::string& path) const {
         Content content = test::sampleOf(GetParam());
@@ -45,9 +33,6 @@ protected:
         EXPECT_TRUE(load(content, GetParam().samplePath()));
         EXPECT_EQ(test::bytesOf(content), before);
     }
-    std::string file(const std::string& name = "file") const { return folder_.path(name); }
-
-    test::TempFolder folder_;
 };
 
 void exitWith(bool isGood) {

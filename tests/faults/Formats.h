@@ -35,7 +35,7 @@ inline Bytes bytesOf(const Content& c) {
     Bytes bytes;
     for (const Bytes& part : parts) {
         put(bytes, part.size());
-        bytes = joined(bytes, part);
+        bytes.insert(bytes.end(), part.begin(), part.end());
     }
     return bytes;
 }
@@ -113,7 +113,24 @@ inline Content sampleOf(const Format& format) {
 }
 
 /// A suite whose tests run for each of the formats.
-class EachFormat : public testing::TestWithParam<Format> {};
+class EachFormat : public testing::TestWithParam<Format> {
+protected:
+    bool load(Content& content, const std::string& path) const {
+        return GetParam().load(content, path.c_str(), true, true);
+    }
+    bool save(Content& content, const std::string& path) const {
+        return GetParam().save(content, path.c_str());
+    }
+    /// The result and all values of loading.
+    Bytes loaded(const std::string& path) const {
+        Content content;
+        const bool isLoaded = load(content, path);
+        return joined(Bytes(1, isLoaded), bytesOf(content));
+    }
+    std::string file(const std::string& name = "file") const { return folder_.path(name); }
+
+    TempFolder folder_;
+};
 
 inline auto formatName(const testing::TestParamInfo<Format>& info) {
     return std::string(info.param.name);

@@ -2,6 +2,7 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <filesystem>
 
 #include "Formats.h"
 #include "ZyrPointCloud.h"
@@ -34,7 +35,8 @@ protected:
         if (test::hasSanitizer())
             GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
         const std::string name = GetParam().name();
-        const std::string command = std::string("localedef -i ") + GetParam().language + " -f " +
+        test::writeFile(folder_.path("source"), test::toBytes(source()));
+        const std::string command = "localedef -i '" + folder_.path("source") + "' -f " +
                                     GetParam().charset + " '" + folder_.path(name) +
                                     "' >/dev/null 2>&1";
         if (std::system(command.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr)
@@ -43,6 +45,18 @@ protected:
         setlocale(LC_ALL, "C");
     }
     void TearDown() override { setlocale(LC_ALL, "C"); }
+
+    /// The system's own, save the order of words, which takes longest to compile.
+    static std::string source() {
+        std::string text = "comment_char %\nescape_char /\n";
+        for (const std::string category :
+             {"IDENTIFICATION", "CTYPE", "COLLATE", "MONETARY", "NUMERIC", "TIME", "MESSAGES",
+              "PAPER", "NAME", "ADDRESS", "TELEPHONE", "MEASUREMENT"})
+            text += "LC_" + category + "\ncopy \"" +
+                    (category == "COLLATE" ? "POSIX" : GetParam().language) + "\"\nEND LC_" +
+                    category + "\n";
+        return text;
+    }
 
     void enter() const { ASSERT_NE(setlocale(LC_ALL, GetParam().name().c_str()), nullptr); }
 
@@ -74,6 +88,56 @@ protected:
         EXPECT_EQ(test::loadFile(path, false, false).points.Length(), kPoints);
     }
 
+    /// Image files have the bytes that they have under "C", and load.
+    void expectSameImages() const {
+        ZyrRangeImage image;
+        ASSERT_TRUE(image.Load(test::formats()[2].samplePath().c_str(), false));
+        for (const std::string suffix : {"png", "jpg", "jpeg", "bmp", "tif", "tiff", "TIFF"}) {
+            const std::string plain = folder_.path("C." + suffix);
+            const std::string other = folder_.path("other." + suffix);
+            EXPECT_TRUE(image.Save(plain.c_str())) << suffix;
+            ZyrRangeImage whole, loaded;
+            EXPECT_TRUE(whole.Load(plain.c_str(), 1.0, 0.0)) << suffix;
+            enter();
+            EXPECT_TRUE(image.Save(other.c_str())) << suffix;
+            EXPECT_TRUE(loaded.Load(plain.c_str(), 1.0, 0.0)) << suffix;
+            setlocale(LC_ALL, "C");
+            EXPECT_EQ(test::readFile(other), test::readFile(plain)) << suffix;
+            EXPECT_EQ(test::valueBytes(loaded), test::valueBytes(whole)) << suffix;
+        }
+    }
+
+    /// Wide paths lead where the environment's encoding has them: here to a folder named by these
+    /// bytes.
+    void expectFilesByWidePaths() const {
+        const test::ScopedVariable environment("LC_ALL", GetParam().name().c_str());
+        const bool isUtf8 = GetParam().charset == std::string("UTF-8");
+        const std::string folder = folder_.path(isUtf8 ? "h\xC3\xB6he" : "h\xF6he");
+        std::filesystem::create_directory(folder);
+        const std::string plain = folder_.path("h");
+        const std::wstring wide = std::wstring(plain.begin(), plain.end()) + L"\u00F6he/";
+        ZyrPointCloud cloud;
+        ZyrTriangleMesh mesh;
+        ZyrRangeImage image;
+        ASSERT_TRUE(cloud.Load(test::formats()[0].samplePath().c_str(), true, true));
+        ASSERT_TRUE(mesh.Load(test::formats()[1].samplePath().c_str(), true, true));
+        ASSERT_TRUE(image.Load(test::formats()[2].samplePath().c_str(), true));
+        EXPECT_TRUE(cloud.Save((wide + L"a.zpt").c_str(), true, true));
+        EXPECT_TRUE(mesh.Save((wide + L"a.ztmt").c_str(), true, true));
+        EXPECT_TRUE(image.Save((wide + L"a.zrt").c_str(), true));
+        EXPECT_TRUE(image.Save((wide + L"a.tif").c_str()));
+        for (const char* name : {"a.zpt", "a.ztmt", "a.zrt", "a.tif"})
+            EXPECT_TRUE(test::fileExists(folder + "/" + name)) << name;
+        EXPECT_TRUE(cloud.Load((wide + L"a.zpt").c_str(), true, true));
+        EXPECT_TRUE(mesh.Load((wide + L"a.ztmt").c_str(), true, true));
+        EXPECT_TRUE(image.Load((wide + L"a.zrt").c_str(), true));
+        EXPECT_TRUE(image.Load((wide + L"a.tif").c_str(), 1.0, 0.0));
+        // Letters that the encoding lacks lead nowhere.
+        EXPECT_EQ(cloud.Save((wide + L"\u4E09.zpt").c_str(), true, true), isUtf8);
+        EXPECT_EQ(mesh.Save((wide + L"\u4E09.ztmt").c_str(), true, true), isUtf8);
+        EXPECT_EQ(image.Save((wide + L"\u4E09.zrt").c_str(), true), isUtf8);
+    }
+
     void expectAllSuffixes() const {
         // In Turkish the capital of i is another letter; the suffixes of images are put into
         // capitals.
@@ -99,10 +163,12 @@ protected:
 
 }  // namespace
 
-TEST_P(Locales, ChangeNoByteOfAFileAndNoResult) {
+TEST_P(Locales, ChangeNoByteOfAFileAndNoResultAndLeadWidePathsByTheirEncoding) {
     expectSameBytesAndValues();
     expectPlainThousands();
     expectAllSuffixes();
+    expectSameImages();
+    expectFilesByWidePaths();
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, Locales,

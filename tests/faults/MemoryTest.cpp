@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "Allocations.h"
 #include "FaultyFile.h"
 #include "Formats.h"
+#include "NoMemory.h"
+#include "ZyrPointCloud.h"
+#include "ZyrRangeImage.h"
 #include "ZyrTriangleMesh.h"
 #include "support/MatrixLimit.h"
 #include "support/Sanitizer.h"
@@ -54,91 +55,103 @@ long forEachAllocation(Use use) {
 
 class MemoryFaults : public test::EachFormat {
 protected:
-    bool load(Content& content) const {
-        return GetParam().load(content, sample_.c_str(), true, true);
-    }
+    bool load(Content& content) const { return EachFormat::load(content, sample_); }
+    bool save(Content& content) const { return EachFormat::save(content, file_); }
 
-    bool save(Content& content) const { return GetParam().save(content, file_.c_str()); }
+    /// Loads the file, and saves what it holds, while the address space is used up, with a little
+    /// more memory each time. True where that gives false and then all of the file.
+    bool loadsUnderLimits(const std::string& path) const;
+    bool savesUnderLimits(const std::string& path) const;
 
-    /// Loads the file while the address space is used up, with a little more memory each time. True
-    /// where that gives false and then all of the file.
-    bool copesWithLimits(const std::string& path) const;
+    /// Whether a process of its own finds this of each golden file.
+    template <class Holds>
+    void expectOfEachGolden(Holds holds) const;
 
-    test::TempFolder folder_;
-    std::string file_ = folder_.path("file");
+    std::string file_ = file();
     std::string sample_ = GetParam().samplePath();
 };
 
-/// All memory of a process that may not take more, but for the pieces that are given back.
-class NoMemory {
-public:
-    NoMemory() {
-        rlim_t pages = 0;
-        std::ifstream("/proc/self/statm") >> pages;
-        getrlimit(RLIMIT_AS, &before_);
-        // A little more than what is in use: it depends on chance how much of that is free.
-        constexpr rlim_t kMore = 4 << 20;
-        const rlimit limit{pages * static_cast<rlim_t>(getpagesize()) + kMore, before_.rlim_max};
-        setrlimit(RLIMIT_AS, &limit);
-        // Pieces that the C library joins, and then what it keeps of any smaller size.
-        takeAll(1 << 20);
-        takeAll(1 << 11);
-        pieces_ = last_;
-        for (std::size_t bytes = 1 << 11; bytes > 0; bytes -= 8) takeAll(bytes);
-    }
-    ~NoMemory() { setrlimit(RLIMIT_AS, &before_); }
-    NoMemory(const NoMemory&) = delete;
-    NoMemory& operator=(const NoMemory&) = delete;
-
-    /// Whether there was a piece left.
-    bool giveBack() {
-        Piece* piece = pieces_;
-        if (piece == nullptr) return false;
-        pieces_ = piece->before;
-        std::free(piece);
-        return true;
-    }
-
-private:
-    struct Piece {
-        Piece* before;
-    };
-
-    void takeAll(std::size_t bytes) {
-        for (void* taken = std::malloc(bytes); taken != nullptr; taken = std::malloc(bytes))
-            last_ = new (taken) Piece{last_};
-    }
-
-    rlimit before_{};
-    Piece* last_ = nullptr;
-    Piece* pieces_ = nullptr;
-};
-
-bool MemoryFaults::copesWithLimits(const std::string& path) const {
-    Content content, whole;
-    const auto load = [&](Content& c) { return GetParam().load(c, path.c_str(), true, true); };
-    const bool isGood = load(whole);
+/// Whether the use gives false when all memory is taken, and true once some is back.
+template <class Use>
+bool needsMemory(Use use) {
     int refused = 0;
-    {
-        NoMemory memory;
-        while (!load(content) && memory.giveBack()) ++refused;
-    }
-    return isGood && refused > 0 && test::bytesOf(content) == test::bytesOf(whole);
+    test::NoMemory memory;
+    bool isGood = use();
+    for (; !isGood && memory.giveBack(); isGood = use()) ++refused;
+    return isGood && refused > 0;
 }
 
-}  // namespace
+bool MemoryFaults::loadsUnderLimits(const std::string& path) const {
+    Content content, whole;
+    return EachFormat::load(whole, path) &&
+           needsMemory([&] { return EachFormat::load(content, path); }) &&
+           test::bytesOf(content) == test::bytesOf(whole);
+}
 
-TEST_P(MemoryFaults, UnderALimitOfTheAddressSpaceLoadingGivesFalseUntilThereIsEnough) {
+bool MemoryFaults::savesUnderLimits(const std::string& path) const {
+    Content content, again;
+    return EachFormat::load(content, path) && needsMemory([&] { return save(content); }) &&
+           EachFormat::load(again, file_) && test::bytesOf(again) == test::bytesOf(content);
+}
+
+template <class Holds>
+void MemoryFaults::expectOfEachGolden(Holds holds) const {
     if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizers need the addresses";
     const std::string folder = std::string(ZYR_GOLDEN_DIR "/") + GetParam().folder;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() == ".py") continue;
         const pid_t child = fork();
-        if (child == 0) std::_Exit(copesWithLimits(entry.path()) ? 0 : 1);
+        if (child == 0) std::_Exit(holds(entry.path()) ? 0 : 1);
         int status = 0;
         waitpid(child, &status, 0);
         EXPECT_EQ(status, 0) << entry.path();
     }
+}
+
+/// Loads a file and saves it again by paths of both kinds: true unless an allocation fails.
+template <class Object, class Load, class Save>
+void expectTrueOrFalse(const std::string& file, const std::string& name, Load load, Save save) {
+    const test::TempFolder folder;
+    const std::string target = folder.path(name);
+    const std::wstring wideFile(file.begin(), file.end());
+    const std::wstring wideTarget(target.begin(), target.end());
+    Object loaded, saved;
+    ASSERT_TRUE(load(saved, file.c_str()));
+    const auto reaches = [](auto use) {
+        return forEachAllocation([&](Content&) { return use(); }) > 0;
+    };
+    EXPECT_TRUE(reaches([&] { return load(loaded, file.c_str()); })) << name;
+    EXPECT_TRUE(reaches([&] { return load(loaded, wideFile.c_str()); })) << name;
+    EXPECT_TRUE(reaches([&] { return save(saved, target.c_str()); })) << name;
+    EXPECT_TRUE(reaches([&] { return save(saved, wideTarget.c_str()); })) << name;
+    EXPECT_TRUE(load(loaded, target.c_str())) << name;
+}
+
+// Of clouds and meshes.
+constexpr auto loadAll = [](auto& object, auto* path) { return object.Load(path, true, true); };
+constexpr auto saveAll = [](auto& object, auto* path) { return object.Save(path, true, true); };
+
+class MemoryFaultsOfImages : public testing::Test {
+protected:
+    static constexpr auto load = [](ZyrRangeImage& image, auto* path) {
+        return image.Load(path, 0.5, 10.0);
+    };
+    static constexpr auto save = [](ZyrRangeImage& image, auto* path) { return image.Save(path); };
+
+    std::vector<unsigned char> values_ = std::vector<unsigned char>(6 * 4, 100);
+    ZyrRangeImage image_{values_.data(), 6, 4, 0, CV_8U, 0, 255, 0.5, 10, 1, 0, 1, 0};
+    test::TempFolder folder_;
+    long numFailures_ = 0;
+};
+
+}  // namespace
+
+TEST_P(MemoryFaults, UnderALimitOfTheAddressSpaceLoadingGivesFalseUntilThereIsEnough) {
+    expectOfEachGolden([&](const std::string& path) { return loadsUnderLimits(path); });
+}
+
+TEST_P(MemoryFaults, UnderALimitOfTheAddressSpaceSavingGivesFalseUntilThereIsEnough) {
+    expectOfEachGolden([&](const std::string& path) { return savesUnderLimits(path); });
 }
 
 TEST_P(MemoryFaults, LoadingGivesFalseAtEachAllocation) {
@@ -164,7 +177,7 @@ TEST_P(MemoryFaults, SavingGivesFalseAtEachAllocationAndLeavesTheObjects) {
     EXPECT_GT(forEachAllocation([&](Content&) { return save(content); }), 0);
     EXPECT_EQ(test::bytesOf(content), before);
     Content again;
-    EXPECT_TRUE(GetParam().load(again, file_.c_str(), true, true));
+    EXPECT_TRUE(EachFormat::load(again, file_));
     EXPECT_EQ(test::bytesOf(again), before);
 }
 
@@ -195,21 +208,45 @@ TEST_P(MemoryFaults, WithoutMemoryForMatricesLoadingGivesFalse) {
     EXPECT_TRUE(load(content));
 }
 
+TEST(MemoryFaultsOfObjects, ACloudLoadsAndSavesUnderEitherPathOrGivesFalse) {
+    expectTrueOrFalse<ZyrPointCloud>(test::formats()[0].samplePath(), "a.zpt", loadAll, saveAll);
+}
+
 TEST(MemoryFaultsOfObjects, AMeshLoadsAndSavesUnderEitherPathOrGivesFalse) {
-    const test::TempFolder folder;
-    const std::string golden = ZYR_GOLDEN_DIR "/mesh/mesh_vn_vc3_tn_tc4.ztmt";
-    const std::string file = folder.path("a.ztmt");
-    const std::wstring wideGolden(golden.begin(), golden.end()), wideFile(file.begin(), file.end());
-    ZyrTriangleMesh mesh, saved;
-    ASSERT_TRUE(saved.Load(golden.c_str(), true, true));
-    const auto reaches = [](auto use) {
-        return forEachAllocation([&](Content&) { return use(); }) > 0;
+    expectTrueOrFalse<ZyrTriangleMesh>(test::formats()[1].samplePath(), "a.ztmt", loadAll, saveAll);
+}
+
+TEST(MemoryFaultsOfObjects, ARangeImageLoadsAndSavesUnderEitherPathOrGivesFalse) {
+    const auto load = [](ZyrRangeImage& image, auto* path) {
+        const bool isLoaded = image.Load(path, true);
+        test::closeLeftOpen();
+        return isLoaded;
     };
-    EXPECT_TRUE(reaches([&] { return mesh.Load(golden.c_str(), true, true); }));
-    EXPECT_TRUE(reaches([&] { return mesh.Load(wideGolden.c_str(), true, true); }));
-    EXPECT_TRUE(reaches([&] { return saved.Save(file.c_str(), true, true); }));
-    EXPECT_TRUE(reaches([&] { return saved.Save(wideFile.c_str(), true, true); }));
-    EXPECT_TRUE(mesh.Load(file.c_str(), true, true));
+    const auto save = [](ZyrRangeImage& image, auto* path) { return image.Save(path, true); };
+    expectTrueOrFalse<ZyrRangeImage>(test::formats()[2].samplePath(), "a.zrt", load, save);
+}
+
+TEST_F(MemoryFaultsOfImages, LoadAndSaveUnderEitherPathOrGiveFalse) {
+    for (const char* suffix : {"png", "jpg", "jpeg", "bmp", "tif", "tiff"}) {
+        const std::string name = std::string("an-image.") + suffix;
+        const std::string file = folder_.path(name);
+        ASSERT_TRUE(image_.Save(file.c_str())) << suffix;
+        expectTrueOrFalse<ZyrRangeImage>(file, name, load, save);
+    }
+}
+
+TEST_F(MemoryFaultsOfImages, ALoadThatFailsSetsTheCalibrationAllTheSame) {
+    const std::string file = folder_.path("an-image.png");
+    ASSERT_TRUE(image_.Save(file.c_str()));
+    for (bool hasFailed = true; hasFailed;) {
+        ZyrRangeImage image;
+        image.SetInfo(2, 3, 4, 5, 6, 7);
+        test::failAllocation(numFailures_++);
+        load(image, file.c_str());
+        hasFailed = test::endFailing();
+        EXPECT_EQ(test::calibration(image), (std::vector<double>{1, 0, 1, 0, 0.5, 10}));
+    }
+    EXPECT_GT(numFailures_, 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, MemoryFaults, testing::ValuesIn(test::formats()),

@@ -121,6 +121,18 @@ TEST_P(HeaderNumbers, OfAnyLineOfAMeshGiveAConsistentResult) {
     }
 }
 
+TEST_P(HeaderNumbers, OfLinesOfTheOtherFormatGiveAConsistentResult) {
+    const auto checkWith = [&](const test::Format& format, const std::string& line) {
+        const Parts parts = partsOf(format, GetParam());
+        check(format, together(line + parts.header, parts.body));
+    };
+    for (const char* number : kNumbers) {
+        for (const char* keyword : {"WIDTH ", "HEIGHT "})
+            checkWith(meshFormat(), std::string(keyword) + number + "\n");
+        checkWith(cloudFormat(), std::string("FACES ") + number + "\n");
+    }
+}
+
 TEST_P(HeaderNumbers, OfBothCountsOfAMeshGiveAConsistentResult) {
     const Parts parts = partsOf(meshFormat(), GetParam());
     for (const char* points : kNumbers)

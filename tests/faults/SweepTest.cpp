@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 
 #include "Allocations.h"
 #include "Formats.h"
@@ -12,6 +13,7 @@
 // it may. Every file of the kind is one case; all of them run when ZYR_SWEEP_STRIDE is 1.
 
 using test::Bytes;
+using test::Content;
 
 namespace {
 
@@ -25,6 +27,56 @@ std::size_t stride() {
 /// back, and something for the reading itself.
 std::size_t mostMemory(std::size_t fileBytes) {
     return 2 * std::max<std::size_t>(64 << 20, 88 * fileBytes) + (4 << 20);
+}
+
+/// A list's bytes and those of one value: of a component, an index, a colour or a pixel.
+struct List {
+    Bytes bytes;
+    std::size_t valueBytes;
+    bool mayBeMissing = false;  ///< where their number of channels is
+};
+
+List listOf(const ZyrVector3dArray& vectors) {
+    return {test::bytesOf(test::bits(vectors)), sizeof(double)};
+}
+
+List listOf(const cv::Mat& mat) {
+    return {test::bytesOf(mat), mat.elemSize(), true};
+}
+
+std::vector<List> listsOf(const Content& c) {
+    return {listOf(c.cloud.points),
+            listOf(c.cloud.normals),
+            listOf(c.cloud.colors),
+            listOf(c.mesh.vertices),
+            listOf(c.mesh.vertexNormals),
+            listOf(c.mesh.vertexColors),
+            {test::bytesOf(fuzz::indicesOf(c.mesh.triangles)), sizeof(int)},
+            listOf(c.mesh.triangleNormals),
+            listOf(c.mesh.triangleColors),
+            listOf(c.range.values),
+            listOf(c.range.colors)};
+}
+
+/// Each value is the whole list's or zero.
+bool isPartOf(const List& part, const List& whole) {
+    if (part.bytes.size() != whole.bytes.size()) return part.bytes.empty() && whole.mayBeMissing;
+    const Bytes zero(whole.valueBytes);
+    for (auto i = part.bytes.begin(), w = whole.bytes.begin(); i != part.bytes.end();) {
+        const auto end = i + static_cast<std::ptrdiff_t>(whole.valueBytes);
+        if (!std::equal(i, end, w) && !std::equal(i, end, zero.begin())) return false;
+        w += end - i;
+        i = end;
+    }
+    return true;
+}
+
+long numNonZeroBytes(const std::vector<List>& lists) {
+    long n = 0;
+    for (const List& list : lists)
+        n +=
+            std::count_if(list.bytes.begin(), list.bytes.end(), [](int byte) { return byte != 0; });
+    return n;
 }
 
 class Sweep : public test::EachFormat {
@@ -45,10 +97,29 @@ protected:
         EXPECT_GT(count, 0);
     }
 
-    /// The file is one case; which are run depends on the stride alone.
+    /// Whether the next case is run: that depends on the stride alone.
+    bool isNextTaken() { return next_++ % stride() == 0; }
+
+    /// The file is one case.
     void takeCase(const Bytes& bytes) {
-        if (next_++ % stride() == 0) check(bytes);
+        if (isNextTaken()) check(bytes);
     }
+
+    /// What is loaded of the bytes; nothing when that is refused.
+    std::optional<Content> contentOf(const Bytes& bytes) {
+        Content content;
+        file_.fill(bytes);
+        if (!load(content, file_.path())) return std::nullopt;
+        return content;
+    }
+
+    /// The least bytes of a golden file that load: a text header or all of a range image.
+    std::size_t leastLoaded(const Bytes& whole) const {
+        const bool isRange = GetParam().folder == std::string("rangeimage");
+        return isRange ? whole.size() : test::PlainHeader(whole).size();
+    }
+
+    const std::string& name() const { return name_; }
 
     void check(const Bytes& bytes) {
         file_.fill(bytes);
@@ -77,6 +148,26 @@ TEST_P(Sweep, EveryPrefix) {
     forEachGolden([&](const Bytes& whole) {
         for (std::size_t size = 0; size <= whole.size(); ++size)
             takeCase(test::prefix(whole, size));
+    });
+}
+
+TEST_P(Sweep, WhatIsReadOfAPrefixIsTheWholeFilesOrZero) {
+    forEachGolden([&](const Bytes& whole) {
+        const std::vector<List> all = listsOf(contentOf(whole).value());
+        long numRead = 0;
+        for (std::size_t size = 0; size < whole.size(); ++size) {
+            if (!isNextTaken()) continue;
+            const std::optional<Content> part = contentOf(test::prefix(whole, size));
+            ASSERT_EQ(part.has_value(), size >= leastLoaded(whole)) << name() << ' ' << size;
+            if (!part) continue;
+            const std::vector<List> lists = listsOf(*part);
+            EXPECT_TRUE(std::equal(lists.begin(), lists.end(), all.begin(), isPartOf))
+                << name() << ' ' << size;
+            // More bytes give more values, and the first values come with the first bytes.
+            EXPECT_GE(numNonZeroBytes(lists), numRead) << name() << ' ' << size;
+            numRead = numNonZeroBytes(lists);
+            EXPECT_TRUE(numRead > 0 || size <= leastLoaded(whole) + 64) << name() << ' ' << size;
+        }
     });
 }
 

@@ -6,11 +6,9 @@
 #include <thread>
 #include <vector>
 
+#include "Samples.h"
 #include "Zyr3DROI.h"
-#include "ZyrPointCloud.h"
-#include "ZyrRangeImage.h"
-#include "ZyrTriangleMesh.h"
-#include "support/Colors.h"
+#include "support/ScopedVariable.h"
 #include "support/TempFolder.h"
 
 // What callers may do from many threads: work on objects of their own, and read what they share.
@@ -18,8 +16,13 @@
 
 namespace {
 
+using test::cloudOf;
+using test::imageOf;
+using test::kPoints;
+using test::meshOf;
+using test::sumOf;
+
 constexpr int kThreads = 8;
-constexpr int kPoints = 20000;
 
 /// Runs the work in all threads at once; the number of those that it succeeded in.
 int succeeding(const std::function<bool(int)>& work) {
@@ -36,24 +39,53 @@ int succeeding(const std::function<bool(int)>& work) {
     return good;
 }
 
-ZyrPointCloud cloudOf(int seed) {
-    std::vector<double> doubles(3 * kPoints);
-    for (std::size_t i = 0; i < doubles.size(); ++i)
-        doubles[i] = 0.25 * static_cast<double>((i * 7919 + static_cast<std::size_t>(seed)) % 5003);
-    ZyrPointCloud cloud(doubles.data(), static_cast<int>(doubles.size()), CV_64F, -1.0);
-    cloud.SetNormals(cloud.DeepCopyPoints());
-    std::vector<unsigned char> colors;
-    for (int i = 0; i < 3 * kPoints; ++i) colors.push_back(static_cast<unsigned char>(i + seed));
-    cloud.SetColors(test::colorsOf(3, colors));
-    return cloud;
+/// In each thread, copies of one object that are read, assigned and copied deeply. The use takes a
+/// copy that shares the object's stores, and one that shares none, which it may change.
+template <class Object>
+void expectShared(const Object& object,
+                  const std::function<bool(Object& shared, Object& own)>& use) {
+    const double sum = sumOf(object);
+    const int good = succeeding([&](int) {
+        bool isGood = true;
+        for (int turn = 0; turn < 20; ++turn) {
+            Object shared(object), assigned;
+            assigned = shared;
+            Object own = assigned.DeepCopy();
+            isGood = isGood && use(assigned, own);
+        }
+        return isGood && sumOf(object) == sum;
+    });
+    EXPECT_EQ(good, kThreads);
+    EXPECT_EQ(sumOf(object), sum);
 }
 
-double sumOf(const ZyrPointCloud& cloud) {
-    double sum = 0;
-    for (int i = 0; i < cloud.Length(); ++i)
-        sum += cloud.Point(i).x + cloud.Normal(i).z + cloud.Color(i).r;
-    return sum;
+/// In each thread, one file loaded and another saved and loaded, by wide paths that are not ASCII.
+template <class Object, class Load, class Save>
+void expectWidePaths(Object sample, const std::wstring& suffix, Load load, Save save) {
+    const test::TempFolder folder;
+    const test::ScopedVariable locale("LC_ALL", "C.UTF-8");
+    const std::string name = folder.path("");
+    const std::wstring here = std::wstring(name.begin(), name.end()) + L"h\u00f6he\u4e09";
+    const double sum = sumOf(sample);
+    ASSERT_TRUE(save(sample, (here + suffix).c_str()));
+    const int good = succeeding([&](int i) {
+        const std::wstring own = here + std::to_wstring(i) + suffix;
+        Object loaded, again;
+        return load(loaded, (here + suffix).c_str()) && sumOf(loaded) == sum &&
+               save(loaded, own.c_str()) && load(again, own.c_str()) && sumOf(again) == sum;
+    });
+    EXPECT_EQ(good, kThreads);
+    const std::string last = folder.path("h\xC3\xB6he\xE4\xB8\x89" + std::to_string(kThreads - 1));
+    EXPECT_TRUE(test::fileExists(last + std::string(suffix.begin(), suffix.end())));
 }
+
+// Of clouds and meshes.
+constexpr auto loadAll = [](auto& object, const wchar_t* path) {
+    return object.Load(path, true, true);
+};
+constexpr auto saveAll = [](auto& object, const wchar_t* path) {
+    return object.Save(path, true, true);
+};
 
 }  // namespace
 
@@ -85,23 +117,83 @@ TEST(Threads, LoadOneFile) {
     EXPECT_EQ(good, kThreads);
 }
 
-TEST(Threads, ShareStoresThatTheyRead) {
+TEST(Threads, ShareCloudsThatTheyRead) {
     const ZyrPointCloud cloud = cloudOf(5);
-    const double sum = sumOf(cloud);
-    const int good = succeeding([&](int) {
-        bool isGood = true;
-        for (int turn = 0; turn < 20; ++turn) {
-            const ZyrPointCloud shared(cloud);
-            ZyrPointCloud assigned;
-            assigned = shared;
-            isGood = isGood && assigned.Length() == kPoints;
-        }
-        ZyrPointCloud deep = ZyrPointCloud(cloud).DeepCopy();
-        deep.InvalidatePoint(0);
-        return isGood && sumOf(cloud) == sum;
+    expectShared<ZyrPointCloud>(cloud, [](ZyrPointCloud& shared, ZyrPointCloud& own) {
+        own.InvalidatePoint(0);
+        return shared.Length() == kPoints && shared.IsValidColor() && shared.IsValidNormal();
+    });
+    EXPECT_EQ(cloud.NumValidPoints(), kPoints);
+}
+
+TEST(Threads, ShareMeshesThatTheyRead) {
+    const ZyrTriangleMesh mesh = meshOf(5);
+    expectShared<ZyrTriangleMesh>(mesh, [](ZyrTriangleMesh& shared, ZyrTriangleMesh& own) {
+        own.ReplaceTriangle(0, 7, 8, 9);
+        own.ReplaceVertex(0, ZyrVector3d(-7, -8, -9));
+        return shared.NumVertices() == kPoints && shared.IsValidTriangle(0) &&
+               shared.IsValidTriangleColor() && shared.IsValidTriangleNormal();
+    });
+}
+
+TEST(Threads, ShareColorsThatTheyRead) {
+    const ZyrColorArray colors = test::colorsOf(4, test::Bytes(4 * kPoints, 9));
+    expectShared<ZyrColorArray>(colors, [](ZyrColorArray& shared, ZyrColorArray& own) {
+        own.SetColor(200);
+        return shared.Channel() == 4 && shared[kPoints - 1].r == 9 && own[0].r == 200;
+    });
+}
+
+TEST(Threads, ShareRangeImagesThatTheyRead) {
+    ZyrRangeImage image = imageOf(5);
+    test::setColors(image, 100, 200, 3);
+    expectShared<ZyrRangeImage>(image, [](ZyrRangeImage& shared, ZyrRangeImage& own) {
+        static_cast<unsigned short*>(own.Data())[0] = 999;
+        own.ColorData()[2] = 99;
+        return shared.IsValidColor() && shared.GetValue(0, 0) == 5 && shared.GetColor(0, 0).r == 3;
+    });
+}
+
+TEST(Threads, SaveWhatTheyShare) {
+    const test::TempFolder folder;
+    const ZyrPointCloud cloud = cloudOf(6);
+    const ZyrTriangleMesh mesh = meshOf(6);
+    const ZyrRangeImage image = imageOf(6);
+    const int good = succeeding([&](int i) {
+        const std::string path = folder.path(std::to_string(i));
+        ZyrPointCloud sharedCloud(cloud);
+        ZyrRangeImage sharedImage(image);
+        return sharedCloud.Save((path + ".zpt").c_str(), true, true) &&
+               mesh.Save((path + ".ztmt").c_str(), true, true) &&
+               sharedImage.Save((path + ".zrt").c_str(), true);
     });
     EXPECT_EQ(good, kThreads);
-    EXPECT_EQ(cloud.NumValidPoints(), kPoints);
+    for (const char* suffix : {".zpt", ".ztmt", ".zrt"})
+        EXPECT_EQ(test::readFile(folder.path("7") + suffix),
+                  test::readFile(folder.path("0") + suffix));
+}
+
+TEST(Threads, LoadAndSaveCloudsByWidePaths) {
+    expectWidePaths(cloudOf(4), L".zpt", loadAll, saveAll);
+}
+
+TEST(Threads, LoadAndSaveMeshesByWidePaths) {
+    expectWidePaths(meshOf(4), L".ztmt", loadAll, saveAll);
+}
+
+TEST(Threads, LoadAndSaveRangeImagesByWidePaths) {
+    ZyrRangeImage image = imageOf(4);
+    test::setColors(image, 100, 200, 4);
+    expectWidePaths(
+        image, L".zrt", [](ZyrRangeImage& i, const wchar_t* path) { return i.Load(path, true); },
+        [](ZyrRangeImage& i, const wchar_t* path) { return i.Save(path, true); });
+}
+
+TEST(Threads, LoadAndSaveImageFilesByWidePaths) {
+    expectWidePaths(
+        imageOf(4), L".png",
+        [](ZyrRangeImage& i, const wchar_t* path) { return i.Load(path, 0.1, 0.0); },
+        [](ZyrRangeImage& i, const wchar_t* path) { return i.Save(path); });
 }
 
 TEST(Threads, HaveScratchElementsOfTheirOwn) {
@@ -120,14 +212,11 @@ TEST(Threads, HaveScratchElementsOfTheirOwn) {
 TEST(Threads, WorkOnMeshesOfTheirOwn) {
     const test::TempFolder folder;
     const int good = succeeding([&](int i) {
-        ZyrPointCloud cloud = cloudOf(i);
-        std::vector<int> corners(3 * 5000);
-        for (std::size_t k = 0; k < corners.size(); ++k) corners[k] = static_cast<int>(k % kPoints);
-        const Zyr3DIntArray triangles(corners.data(), static_cast<int>(corners.size()));
-        ZyrTriangleMesh mesh(cloud.PointData(), triangles), again;
+        const ZyrTriangleMesh mesh = meshOf(i);
+        ZyrTriangleMesh again;
         const std::string path = folder.path(std::to_string(i) + ".ztmt");
         return mesh.Save(path.c_str(), true, true) && again.Load(path.c_str(), true, true) &&
-               again.VertexData()[3 * kPoints - 1] == cloud.PointData().Data()[3 * kPoints - 1];
+               sumOf(again) == sumOf(mesh);
     });
     EXPECT_EQ(good, kThreads);
 }
@@ -135,16 +224,13 @@ TEST(Threads, WorkOnMeshesOfTheirOwn) {
 TEST(Threads, WorkOnRangeImagesOfTheirOwn) {
     const test::TempFolder folder;
     const int good = succeeding([&](int i) {
-        std::vector<unsigned short> values(200 * 100);
-        for (std::size_t k = 0; k < values.size(); ++k)
-            values[k] = static_cast<unsigned short>(k * 13 + static_cast<std::size_t>(i));
-        ZyrRangeImage image(values.data(), 200, 100, 0, CV_16U, 0, 65535, 0.1, 0, 1, 0, 1, 0);
+        ZyrRangeImage image = imageOf(i);
         const std::string path = folder.path(std::to_string(i) + ".zrt");
         const std::string png = folder.path(std::to_string(i) + ".png");
         ZyrRangeImage again, picture;
         return image.Save(path.c_str(), true) && again.Load(path.c_str(), true) &&
                image.Save(png.c_str()) && picture.Load(png.c_str(), 0.1, 0.0) &&
-               again.Width() == 200 && picture.Height() == 100;
+               sumOf(again) == sumOf(image) && sumOf(picture) == sumOf(image);
     });
     EXPECT_EQ(good, kThreads);
 }
