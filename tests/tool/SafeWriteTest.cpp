@@ -1,11 +1,32 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <opencv2/imgcodecs.hpp>
 
 #include "Outcome.h"
+#include "RenderData.h"
 #include "Scenes.h"
+#include "diff/Side.h"
+#include "faults/FaultyFile.h"
 #include "formats/Format.h"
+#include "info/Description.h"
 #include "support/TempFolder.h"
+
+namespace {
+
+int numSyncs = 0;
+
+}  // namespace
+
+extern "C" {
+
+int __real_fsync(int file);
+
+int __wrap_fsync(int file) {
+    ++numSyncs;
+    return __real_fsync(file);
+}
+}
 
 namespace {
 
@@ -15,6 +36,23 @@ using zyr::Scene;
 /// What becomes of the files that are written, and of those that were there.
 class SafeWrite : public testing::Test {
 protected:
+    /// Every read from some read on fails: whichever it is, the file's name and the cause are told.
+    static void expectTroubleAtAnyRead(const std::string& path, void (*read)(const std::string&)) {
+        std::size_t n = 0;
+        for (bool isReached = true; isReached; ++n) {
+            std::string why;
+            const test::FaultyFiles faulty({512, n});
+            try {
+                read(path);
+            } catch (const zyr::FileTrouble& trouble) {
+                why = trouble.what();
+            }
+            isReached = test::FaultyFiles::calls() > n;
+            EXPECT_EQ(why, isReached ? path + ": Input/output error" : "") << n;
+        }
+        EXPECT_GT(n, 5U) << path;
+    }
+
     static Scene point() {
         Scene scene;
         ZyrVector3dArray points;
@@ -64,6 +102,24 @@ TEST_F(SafeWrite, WhatIsNoFileIsNotReplaced) {
     fs::create_directory(folder_.path("dir.xyz"));
     EXPECT_THROW(zyr::writeScene(point(), folder_.path("dir.xyz"), {}), zyr::FileTrouble);
     EXPECT_THROW(zyr::writeScene(point(), folder_.path("none/a.xyz"), {}), zyr::FileTrouble);
+}
+
+TEST_F(SafeWrite, ReadThatFailsAnywhereIsFileTrouble) {
+    const std::string cloud = folder_.path("a.zpt"), mesh = folder_.path("a.ztmt"),
+                      range = folder_.path("a.zrt"), picture = folder_.path("a.png");
+    test::hillCloud().Save(cloud.c_str(), true, true);
+    test::blockMesh().Save(mesh.c_str(), true, true);
+    test::hillImage().Save(range.c_str(), true);
+    cv::Mat noise(40, 40, CV_8UC3);
+    cv::randu(noise, 0, 256);
+    cv::imwrite(picture, noise);
+    for (const std::string& path : {cloud, mesh, range, picture}) {
+        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::readScene(p); });
+        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::loadSide(p); });
+    }
+    expectTroubleAtAnyRead(cloud, [](const std::string& p) { zyr::describeCloudFile(p); });
+    expectTroubleAtAnyRead(mesh, [](const std::string& p) { zyr::describeMeshFile(p); });
+    expectTroubleAtAnyRead(picture, [](const std::string& p) { zyr::describePictureFile(p); });
 }
 
 }  // namespace

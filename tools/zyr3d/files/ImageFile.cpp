@@ -64,6 +64,7 @@ ZyrRangeImage readPictureValues(const std::string& path) {
     const QuietCodecs quiet;
     ZyrRangeImage image;
     if (!image.Load(path.c_str(), 1.0, 0.0)) failDecoding(path, bytes);
+    requireReadable(path);
     return image;
 }
 
