@@ -119,12 +119,18 @@ TEST_F(ConvertTrouble, FullDiskLeavesTheOldFileAndNothingElse) {
     std::string many;
     for (int i = 0; i < 30000; ++i) many += std::to_string(i) + " 2 3\n";
     test::writeText(path("in.xyz"), many);
-    for (const std::string name : {"old.zpt", "old.ply"}) {
+    cv::Mat noise(100, 300, CV_16UC1);
+    cv::randu(noise, 0, 65536);
+    cv::imwrite(path("in.png"), noise);
+    for (const std::string words :
+         {"in.xyz old.zpt", "in.xyz old.ztmt --grid 300x100", "in.png old.zrt", "in.xyz old.ply"}) {
+        const std::string name = words.substr(7, words.find(' ', 7) - 7);
         test::writeText(path(name), "precious");
-        expectTrouble(run("convert in.xyz " + name, "ulimit -f 20"), 3, name + ": ");
+        expectTrouble(run("convert " + words, "ulimit -f 20"), 3,
+                      "zyr3d: " + name + ": cannot be written: File too large");
         EXPECT_EQ(test::readText(path(name)), "precious");
     }
-    EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 5);
+    EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 8);
 }
 
 TEST_F(ConvertTrouble, BrokenOwnFilesAreRefused) {
