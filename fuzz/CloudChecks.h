@@ -11,7 +11,27 @@
 /// What must hold of any point-cloud file, whatever its bytes.
 namespace fuzz {
 
+/// Elements that all checks have time for.
 constexpr std::int64_t kMostElements = 5000;
+
+/// What no file may state counts as the most that one may.
+inline std::int64_t stated(const test::PlainHeader& header, const char* keyword) {
+    return std::clamp<std::int64_t>(header.number(keyword), 0, 2147483647);
+}
+
+inline std::int64_t cloudBytes(const test::PlainHeader& header) {
+    return 24 * stated(header, "POINTS");
+}
+
+/// Whether elements of so many bytes need more bytes of the file than any input has.
+inline bool areUnbacked(std::int64_t bytes) {
+    return bytes > std::int64_t(64) << 20;
+}
+
+/// Many elements that need no bytes of the file: a matter of time alone, and of other tests.
+inline bool isSlow(std::int64_t elements, std::int64_t bytes) {
+    return elements > kMostElements && !areUnbacked(bytes);
+}
 
 /// One row of as many colours as there are elements.
 inline bool isColorRow(const cv::Mat& colors, int elements) {
@@ -52,6 +72,7 @@ inline void checkCloud(const InputFile& file, const test::PlainHeader& header, F
     test::LoadedCloud cloud = test::loadFile(file.path(), flags.withNormals, flags.withColors);
     require(test::takeStop() == header.stop(), "stops are the stated ones");
     require(!cloud.isLoaded || header.isCloud(), "headers that are none are refused");
+    require(!cloud.isLoaded || !areUnbacked(cloudBytes(header)), "points need bytes");
     if (!cloud.isLoaded) return;
     const auto points = static_cast<int>(header.number("POINTS"));
     const bool hasNormals = flags.withNormals && header.index("nx") >= 0;

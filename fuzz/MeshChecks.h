@@ -28,11 +28,20 @@ inline void checkMeshRoundTrip(test::MeshLists& mesh, int faces) {
             "triangle colours come back");
 }
 
+inline std::int64_t meshBytes(const test::PlainHeader& header) {
+    return cloudBytes(header) + 12 * stated(header, "FACES");
+}
+
+inline bool isSlowMesh(const test::PlainHeader& header) {
+    return isSlow(std::max(header.number("POINTS"), header.number("FACES")), meshBytes(header));
+}
+
 inline void checkMesh(const InputFile& file, const test::PlainHeader& header, Flags flags) {
     test::MeshLists mesh;
     const bool isLoaded = mesh.load(file.path(), flags.withNormals, flags.withColors);
     require(test::takeStop() == header.stop(), "stops are the stated ones");
     require(!isLoaded || (header.isUsable() && header.has("POINTS")), "others are refused");
+    require(!isLoaded || !areUnbacked(meshBytes(header)), "vertices and triangles need bytes");
     if (!isLoaded) return;
     const auto points = static_cast<int>(header.number("POINTS"));
     const auto faces = static_cast<int>(header.number("FACES"));

@@ -88,12 +88,49 @@ TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
               "{\"file\":\"big.zrt\",\"error\":\"big.zrt: out of memory\"}\n");
 }
 
-TEST_F(BatchOfFiles, FileWithoutRightsIsFileTrouble) {
-    if (geteuid() == 0) GTEST_SKIP() << "nothing is forbidden to the superuser";
-    makeFiles(1);
-    std::filesystem::permissions(path("0.zrt"), std::filesystem::perms::none);
-    for (const char* command : {"info", "check", "diff 0.zrt"})
-        expectTrouble(run(std::string(command) + " 0.zrt"), 3, "0.zrt: Permission denied");
+/// The program as one to whom something is forbidden, also where the superuser runs the tests.
+class Rights : public BatchOfFiles {
+protected:
+    void SetUp() override {
+        limit("", 0711);
+        if (runLimited("--version").exitCode != 0) GTEST_SKIP() << "nobody else reaches " ZYR_TOOL;
+        makeFiles(2);
+        std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("0.zpt"));
+    }
+
+    void limit(const std::string& name, int rights) const {
+        std::filesystem::permissions(path(name), static_cast<std::filesystem::perms>(rights));
+    }
+
+    test::Result runLimited(const std::string& arguments) const {
+        return runInShell(kWho + ("$zyr3d " + arguments) + " >/dev/null");
+    }
+
+private:
+    const std::string kWho =
+        geteuid() == 0 ? "setpriv --reuid 65534 --regid 65534 --clear-groups " : "";
+};
+
+TEST_F(Rights, FileThatMayNotBeReadIsFileTrouble) {
+    for (const std::string name : {"0.zrt", "0.zpt"}) {
+        limit(name, 0);
+        for (const std::string command : {"info", "check", "diff 1.zrt"})
+            expectTrouble(runLimited(command + " " + name), 3, name + ": Permission denied");
+        expectTrouble(runLimited("convert " + name + " o.csv"), 3, name + ": Permission denied");
+        expectTrouble(runLimited("render " + name + " o.png"), 3, name + ": Permission denied");
+    }
+    expectTrouble(runLimited("demo 0.zpt"), 3, "0.zpt: Permission denied");
+}
+
+TEST_F(Rights, FolderThatMayNotBeWrittenIsFileTrouble) {
+    std::filesystem::create_directory(path("d"));
+    limit("d", 0555);
+    const auto expectDenied = [&](const std::string& command, const std::string& file) {
+        expectTrouble(runLimited(command), 3, file + ": cannot be written: Permission denied");
+    };
+    expectDenied("convert 0.zpt d/o.csv", "d/o.csv");
+    expectDenied("render 0.zpt d/o.png", "d/o.png");
+    expectDenied("demo 0.zpt -o d", "d/demo.zpt");
 }
 
 TEST_F(BatchOfFiles, NumberAtOnceHasBounds) {

@@ -1,4 +1,8 @@
+#include <clocale>
+
 #include "ConvertCommand.h"
+#include "support/Sanitizer.h"
+#include "support/ScopedVariable.h"
 
 namespace {
 
@@ -115,12 +119,18 @@ TEST_F(ConvertTrouble, FullDiskLeavesTheOldFileAndNothingElse) {
     std::string many;
     for (int i = 0; i < 30000; ++i) many += std::to_string(i) + " 2 3\n";
     test::writeText(path("in.xyz"), many);
-    for (const std::string name : {"old.zpt", "old.ply"}) {
+    cv::Mat noise(100, 300, CV_16UC1);
+    cv::randu(noise, 0, 65536);
+    cv::imwrite(path("in.png"), noise);
+    for (const std::string words :
+         {"in.xyz old.zpt", "in.xyz old.ztmt --grid 300x100", "in.png old.zrt", "in.xyz old.ply"}) {
+        const std::string name = words.substr(7, words.find(' ', 7) - 7);
         test::writeText(path(name), "precious");
-        expectTrouble(run("convert in.xyz " + name, "ulimit -f 20"), 3, name + ": ");
+        expectTrouble(run("convert " + words, "ulimit -f 20"), 3,
+                      "zyr3d: " + name + ": cannot be written: File too large");
         EXPECT_EQ(test::readText(path(name)), "precious");
     }
-    EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 5);
+    EXPECT_EQ(std::distance(fs::directory_iterator(path(".")), {}), 8);
 }
 
 TEST_F(ConvertTrouble, BrokenOwnFilesAreRefused) {
@@ -158,6 +168,55 @@ TEST_F(ConvertTrouble, TrianglesOfMeshFilesAreHeldAgainstTheVertices) {
                                Zyr3DIntArray(corners, 3));
     ASSERT_TRUE(mesh.Save(path("in.ztmt").c_str(), true, true));
     expectTrouble(run("convert in.ztmt a.ply"), 3, "names a vertex that is not there");
+}
+
+/// Under a locale with decimal commas and thousands' dots, which the test compiles for itself.
+class ConvertUnderLocale : public test::ConvertCommand {
+protected:
+    void SetUp() override {
+        ConvertCommand::SetUp();
+        if (test::hasSanitizer())
+            GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
+        const std::string make =
+            "localedef -i de_DE -f UTF-8 '" + path(kName) + "' >/dev/null 2>&1";
+        if (std::system(make.c_str()) != 0 || std::setlocale(LC_ALL, kName) == nullptr)
+            GTEST_SKIP() << "no " << kName << "; Debian's package locales has it";
+        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+        std::setlocale(LC_ALL, "C");
+        test::writeText(path("in.csv"), "x,y,z\n0.5,-1234567.25,1e-310\n2,3,4.75\n");
+    }
+    void TearDown() override {
+        std::setlocale(LC_ALL, "C");
+        ConvertCommand::TearDown();
+    }
+
+    /// Here and by the program; the options are the same for all outputs.
+    void convertUnderLocale(const std::string& in, const std::string& out) const {
+        std::setlocale(LC_ALL, kName);
+        say(in + " here." + out + " --ascii --double");
+        std::setlocale(LC_ALL, "C");
+        EXPECT_EQ(run("convert " + in + " run." + out + " --ascii --double",
+                      std::string("export LC_ALL=") + kName)
+                      .exitCode,
+                  0);
+    }
+
+    static constexpr const char* kName = "de_DE.UTF-8";
+    const test::ScopedVariable folder_{"LOCPATH", path("").c_str()};
+};
+
+TEST_F(ConvertUnderLocale, TextHasTheSameBytesAndReadsAsTheSameNumbers) {
+    for (const std::string suffix : {"csv", "xyz", "obj", "ply", "pcd"}) {
+        say("in.csv plain." + suffix + " --ascii --double");
+        const std::string plain = test::readText(path("plain." + suffix));
+        EXPECT_TRUE(isThere(plain, "-1234567.25")) << plain;
+        convertUnderLocale("in.csv", suffix);
+        convertUnderLocale("plain." + suffix, "back.csv");
+        for (const std::string who : {"here.", "run."}) {
+            EXPECT_EQ(test::readText(path(who + suffix)), plain);
+            EXPECT_EQ(test::readText(path(who + "back.csv")), test::readText(path("in.csv")));
+        }
+    }
 }
 
 TEST_F(ConvertTrouble, HelpIsGood) {

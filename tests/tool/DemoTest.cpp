@@ -77,6 +77,8 @@ protected:
     }
 
     static int index(int column, int row) { return row * 64 + column; }
+    static constexpr const char* kFiles[] = {"demo.zpt", "demo.ztmt", "demo.zrt", "demo_range.png",
+                                             "demo.png"};
 
     cv::Mat depth_;
 };
@@ -189,9 +191,30 @@ TEST_F(DepthDemo, HugePictureIsRefusedByItsHeader) {
     expectTrouble(run("demo huge.png"), 3, "huge.png: over 64 megapixels");
 }
 
-TEST_F(DepthDemo, LostBytesOnDiskAreADifference) {
-    // A limit on file sizes cuts the file, and the library does not look for write errors.
-    expectTrouble(run("demo depth.png -o d", "ulimit -f 2"), 1, "d/demo.zpt: ");
+// The limit ends each of the files in turn, within its last 512 bytes: sh counts these.
+TEST_F(DepthDemo, FullDiskIsFileTroubleAndLeavesTheOldFilesAndNothingElse) {
+    cv::randu(depth_, 900, 1100);  // so that each file has more than 512 bytes
+    cv::imwrite(path("depth.png"), depth_);
+    ASSERT_EQ(run("demo depth.png -o good").exitCode, 0);
+    std::filesystem::create_directory(path("d"));
+    for (const std::string name : kFiles) test::writeText(path("d/" + name), "precious");
+    for (const std::string name : kFiles) {
+        const auto blocks = (std::filesystem::file_size(path("good/" + name)) - 1) / 512;
+        expectTrouble(run("demo depth.png -o d", "ulimit -f " + std::to_string(blocks)), 3,
+                      ": cannot be written: File too large");
+        for (const std::string old : kFiles)
+            EXPECT_EQ(test::readText(path("d/" + old)), "precious") << name;
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("d")), {}), 5);
+    }
+}
+
+TEST_F(DepthDemo, FileBehindALinkToADeviceIsFileTrouble) {
+    for (const std::string name : {"demo.zpt", "demo.zrt", "demo.png"}) {
+        std::filesystem::create_directory(path("d"));
+        std::filesystem::create_symlink("/dev/full", path("d/" + name));
+        expectTrouble(run("demo depth.png -o d"), 3, "d/" + name + ": not a regular file");
+        std::filesystem::remove_all(path("d"));
+    }
 }
 
 TEST_F(DepthDemo, FolderThatCannotBeMadeIsFileTrouble) {
@@ -200,12 +223,12 @@ TEST_F(DepthDemo, FolderThatCannotBeMadeIsFileTrouble) {
 
 TEST_F(DepthDemo, FileThatCannotBeWrittenIsFileTrouble) {
     std::filesystem::create_directories(path("d/demo.zpt"));
-    expectTrouble(run("demo depth.png -o d"), 3, "d/demo.zpt: cannot be written");
+    expectTrouble(run("demo depth.png -o d"), 3, "d/demo.zpt: not a regular file");
 }
 
 TEST_F(DepthDemo, PictureThatCannotBeWrittenIsFileTrouble) {
     std::filesystem::create_directories(path("d/demo.png"));
-    expectTrouble(run("demo depth.png -o d"), 3, "d/demo.png: cannot be written");
+    expectTrouble(run("demo depth.png -o d"), 3, "d/demo.png: not a regular file");
 }
 
 TEST_F(DemoCommand, MissingInputIsFileTrouble) {

@@ -132,6 +132,19 @@ TEST_F(InfoCommand, LongCommentsAreFine) {
     EXPECT_EQ(infoOf("#" + std::string(500, 'w') + "\n" + header() + kBody).exitCode, 0);
 }
 
+// The library's limit.
+TEST_F(InfoCommand, HeaderMayTakeAMebibyteAndNoMore) {
+    const std::size_t others = header().size() + 2;
+    const auto withComment = [](std::size_t size) {
+        return "#" + std::string(size, 'c') + "\n" + header() + kBody;
+    };
+    EXPECT_EQ(infoOf(withComment((1 << 20) - others)).exitCode, 0);
+    EXPECT_EQ(run("check in.zpt").exitCode, 0);
+    EXPECT_EQ(load("in.zpt").Length(), 2);
+    expectTrouble(infoOf(withComment((1 << 20) - others + 1)), 3, "no usable DATA line");
+    EXPECT_FALSE(ZyrPointCloud().Load(path("in.zpt").c_str(), true, true));
+}
+
 TEST_F(InfoCommand, SpaceBeforeTheHashMakesNoComment) {
     expectTrouble(infoOf(" #" + std::string(500, 'w') + "\n" + header() + kBody), 3, "32");
 }

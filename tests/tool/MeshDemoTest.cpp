@@ -112,7 +112,7 @@ TEST_F(MeshDemo, PointsWithoutAGridSkipMeshAndRangeImageAndSaySo) {
 
 TEST_F(MeshDemo, FileThatCannotBeWrittenIsFileTrouble) {
     std::filesystem::create_directories(path("d/demo.ztmt"));
-    expectTrouble(runOn(wall()), 3, "d/demo.ztmt: cannot be written");
+    expectTrouble(runOn(wall()), 3, "d/demo.ztmt: not a regular file");
 }
 
 }  // namespace

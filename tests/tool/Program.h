@@ -34,6 +34,13 @@ inline std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
+/// Those that are being written have such names.
+inline bool hasHiddenFiles(const std::string& folder) {
+    for (const auto& file : std::filesystem::directory_iterator(folder))
+        if (file.path().filename().string()[0] == '.') return true;
+    return false;
+}
+
 struct Result {
     int exitCode;  ///< 128 and more after a signal
     std::string out, err;

@@ -103,12 +103,12 @@ TEST_F(RangeDemo, InputOfTheOutputsNameIsFileTrouble) {
 
 TEST_F(RangeDemo, FileThatCannotBeWrittenIsFileTrouble) {
     std::filesystem::create_directories(path("d/demo.zrt"));
-    expectTrouble(runOnSlope(), 3, "d/demo.zrt: cannot be written");
+    expectTrouble(runOnSlope(), 3, "d/demo.zrt: not a regular file");
 }
 
 TEST_F(RangeDemo, PictureThatCannotBeWrittenIsFileTrouble) {
     std::filesystem::create_directories(path("d/demo_range.png"));
-    expectTrouble(runOnSlope(), 3, "d/demo_range.png: cannot be written");
+    expectTrouble(runOnSlope(), 3, "d/demo_range.png: not a regular file");
 }
 
 TEST_F(RangeDemo, DefaultFrameHasARangeImageWithColours) {

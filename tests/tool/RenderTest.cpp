@@ -126,6 +126,14 @@ TEST_F(RenderCommand, PictureThatCannotBeWrittenIsFileTroubleAndLeavesNothing) {
     EXPECT_FALSE(isThere("no"));
 }
 
+TEST_F(RenderCommand, FullDiskLeavesTheOldPictureAndNothingElse) {
+    test::writeText(path("out.png"), "precious");
+    const test::Result result = run("render hill.zpt out.png --size 160x120", "ulimit -f 2");
+    expectTrouble(result, 3, "out.png: cannot be written: File too large");
+    EXPECT_EQ(test::readText(path("out.png")), "precious");
+    EXPECT_FALSE(test::hasHiddenFiles(path(".")));
+}
+
 TEST_F(RenderCommand, InputIsNeverOverwritten) {
     cv::imwrite(path("in.png"), cv::Mat(8, 8, CV_16UC1, cv::Scalar(3)));
     expectTrouble(run("render in.png in.png"), 2, "in.png: would be overwritten");

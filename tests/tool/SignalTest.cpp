@@ -78,11 +78,7 @@ protected:
         test::writeText(path("in.xyz"), many);
     }
 
-    bool isWriting() const {
-        for (const auto& file : fs::directory_iterator(path(".")))
-            if (file.path().filename().string()[0] == '.') return true;
-        return false;
-    }
+    bool isWriting() const { return test::hasHiddenFiles(path(".")); }
 
     pid_t start(const std::string& arguments) const {
         const pid_t program = fork();
@@ -103,23 +99,42 @@ protected:
         }
         return status;
     }
+
+    /// The file is the one that the program writes.
+    void expectNoTrace(const std::string& arguments, const std::string& file) const {
+        test::writeText(path("out.txt"), "");
+        // A write may be over before the signal comes; then another run is needed.
+        for (int tries = 0; tries < 20; ++tries) {
+            test::writeText(path(file), "precious");
+            const std::size_t before = filesHere();
+            const int status = endAtWrite(arguments, SIGTERM);
+            EXPECT_FALSE(isWriting());
+            if (!WIFSIGNALED(status)) continue;
+            EXPECT_EQ(WTERMSIG(status), SIGTERM);
+            EXPECT_EQ(filesHere(), before);
+            EXPECT_EQ(test::readText(path(file)), "precious");
+            return;
+        }
+        FAIL() << "no signal came in time";
+    }
 };
 
-TEST_F(SignalWhileWriting, EndsTheProgramWithoutATrace) {
-    test::writeText(path("out.txt"), "");
-    // A write may be over before the signal comes; then another run is needed.
-    for (int tries = 0; tries < 20; ++tries) {
-        test::writeText(path("old.csv"), "precious");
-        const std::size_t before = filesHere();
-        const int status = endAtWrite("convert in.xyz old.csv", SIGTERM);
-        EXPECT_FALSE(isWriting());
-        if (!WIFSIGNALED(status)) continue;
-        EXPECT_EQ(WTERMSIG(status), SIGTERM);
-        EXPECT_EQ(filesHere(), before);
-        EXPECT_EQ(test::readText(path("old.csv")), "precious");
-        return;
-    }
-    FAIL() << "no signal came in time";
+TEST_F(SignalWhileWriting, EndsAConversionWithoutATrace) {
+    expectNoTrace("convert in.xyz old.csv", "old.csv");
+}
+
+TEST_F(SignalWhileWriting, EndsADemoWithoutATrace) {
+    expectNoTrace("demo -o .", "demo.zpt");
+}
+
+TEST_F(SignalWhileWriting, KilledDemoLeavesTheOldFiles) {
+    test::writeText(path("demo.zpt"), "precious");
+    EXPECT_TRUE(WIFSIGNALED(endAtWrite("demo -o .", SIGKILL)));
+    EXPECT_EQ(test::readText(path("demo.zpt")), "precious");
+}
+
+TEST_F(SignalWhileWriting, EndsARenderingWithoutATrace) {
+    expectNoTrace("render in.xyz old.png --size 4000x3000", "old.png");
 }
 
 }  // namespace

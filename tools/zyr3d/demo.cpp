@@ -4,6 +4,7 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <list>
 #include <optional>
 
 #include "Grid.h"
@@ -23,6 +24,7 @@
 #include "files/FileKind.h"
 #include "files/ImageFile.h"
 #include "files/QuietCodecs.h"
+#include "files/SafeFile.h"
 #include "formats/Text.h"
 #include "render/Drawing.h"
 
@@ -75,7 +77,7 @@ std::string sizeText(const Frame& frame) {
 }
 
 /// The frame seen from above: shaded heights, and its colours or normals.
-void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& path) {
+void writePicture(ZyrPointCloud& cloud, const Frame& frame, SafeFile& file) {
     const Subject subject = subjectOf(cloud, frame.isOrganised() ? frame.coordinates.cols : 0);
     Look look;
     look.size = {800, 600};
@@ -87,80 +89,88 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, const std::string& p
     look.title = frame.colors.empty() ? "normals" : "colours";
     cv::Mat picture;
     cv::hconcat(heights, drawPicture(subject, look), picture);
-    writeImage(path, picture);
+    putPng(file, picture);
 }
 
-/// The files that a run writes.
-struct OutputFiles {
-    std::string cloud, picture, mesh, range, rangePicture;
-
+/// The files that a run writes. They get their names together, when all of them are good.
+class OutputFiles {
+public:
     /// Creates the folder. The input must not be what is going to be written.
-    OutputFiles(const std::string& directory, const std::string& input)
-        : cloud(directory + "/demo.zpt"),
-          picture(directory + "/demo.png"),
-          mesh(directory + "/demo.ztmt"),
-          range(directory + "/demo.zrt"),
-          rangePicture(directory + "/demo_range.png") {
+    OutputFiles(const std::string& directory, const std::string& input) : directory_(directory) {
         std::error_code error;
         std::filesystem::create_directories(directory, error);
         if (error) throw FileTrouble(directory + ": " + error.message());
-        for (const std::string& file : {cloud, picture, mesh, range, rangePicture})
-            if (std::filesystem::equivalent(input, file, error))
+        for (const char* name : {kCloud, kPicture, kMesh, kRange, kRangePicture})
+            if (std::filesystem::equivalent(input, directory + "/" + name, error))
                 throw FileTrouble(input + ": would be overwritten; choose another folder by -o");
     }
+
+    SafeFile& open(const char* name) { return files_.emplace_back(directory_ + "/" + name); }
+
+    void commit() {
+        for (SafeFile& file : files_) file.commit();
+    }
+
+    static constexpr const char* kCloud = "demo.zpt";
+    static constexpr const char* kPicture = "demo.png";
+    static constexpr const char* kMesh = "demo.ztmt";
+    static constexpr const char* kRange = "demo.zrt";
+    static constexpr const char* kRangePicture = "demo_range.png";
+
+private:
+    std::string directory_;
+    std::list<SafeFile> files_;
 };
 
-void reportCloud(Report& report, ZyrPointCloud& cloud, int dropped, const std::string& path) {
+void reportCloud(Report& report, ZyrPointCloud& cloud, int dropped, SafeFile& file) {
     report.count("points", cloud.Length());
     report.countShare("valid points", cloud.NumValidPoints());
     report.count("outliers dropped", dropped);
-    report.file("", roundTrip(cloud, path), cloudBytes(cloud));
+    report.file("", roundTrip(cloud, file), cloudBytes(cloud));
 }
 
-void reportMesh(Report& report, ZyrPointCloud& cloud, const Grid& grid, const std::string& path) {
+void reportMesh(Report& report, ZyrPointCloud& cloud, const Grid& grid, SafeFile& file) {
     std::optional<ZyrTriangleMesh> mesh;
     report.time("mesh build", timed([&] { mesh.emplace(triangulate(cloud, grid)); }));
     report.count("mesh vertices", mesh->NumVertices());
     report.count("mesh triangles", mesh->NumTriangles());
-    report.file("mesh", roundTrip(*mesh, path), meshBytes(*mesh));
+    report.file("mesh", roundTrip(*mesh, file), meshBytes(*mesh));
 }
 
-RoundTrip throughPicture(const HeightImage& heights, const std::string& path) {
+RoundTrip throughPicture(const HeightImage& heights, SafeFile& file) {
     HeightImage kept = heights;
     kept.colors.release();  // the picture has the values alone
     ZyrRangeImage image = heights.rangeImage(), loaded;
     const QuietCodecs quiet;
     return roundTrip(
-        path, [&](const char* file) { return image.Save(file); },
-        [&](const char* file) { return loaded.Load(file, heights.resolution, heights.offset); },
+        file, [&](const char* path) { return image.Save(path); },
+        [&](const char* path) { return loaded.Load(path, heights.resolution, heights.offset); },
         [&] { return difference(kept, loaded); });
 }
 
-void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame,
-                   const OutputFiles& output) {
+void reportHeights(Report& report, ZyrPointCloud& cloud, const Frame& frame, OutputFiles& output) {
     HeightImage heights;
     report.time("range build", timed([&] { heights = heightsOf(cloud, frame); }));
     ZyrRangeImage loaded;
     const RoundTrip trip = roundTrip(
-        output.range, [&](const char* file) { return heights.save(file); },
-        [&](const char* file) { return loaded.Load(file, true); },
+        output.open(output.kRange), [&](const char* path) { return heights.save(path); },
+        [&](const char* path) { return loaded.Load(path, true); },
         [&] { return difference(heights, loaded); });
     const std::uint64_t pixels = heights.values.total();
     report.file("range", trip, pixels * (2 + heights.colors.elemSize()));
-    report.file("range PNG", throughPicture(heights, output.rangePicture), pixels * 2);
+    report.file("range PNG", throughPicture(heights, output.open(output.kRangePicture)),
+                pixels * 2);
 }
 
 /// What needs pixels that are neighbours on the surface.
-void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame,
-                const OutputFiles& output) {
+void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame, OutputFiles& output) {
     if (!frame.isOrganised()) return;
     const Grid grid(cloud, frame.coordinates.cols, frame.coordinates.rows);
-    reportMesh(report, cloud, grid, output.mesh);
+    reportMesh(report, cloud, grid, output.open(output.kMesh));
     reportHeights(report, cloud, frame, output);
 }
 
-int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame,
-           const OutputFiles& output) {
+int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, OutputFiles& output) {
     std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
     report.print();
     if (!frame.isOrganised())
@@ -169,22 +179,24 @@ int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame,
         std::cerr << "zyr3d: " << report.difference() << "\n";
         return kDifference;
     }
-    writePicture(cloud, frame, output.picture);
+    SafeFile& picture = output.open(output.kPicture);
+    writePicture(cloud, frame, picture);
+    output.commit();
     std::cout << "Every value came back bit for bit.\n"
-              << "Written: " << report.written() << ", " << output.picture << "\n";
+              << "Written: " << report.written() << ", " << picture.path() << "\n";
     return kGood;
 }
 
 int runDemo(const DemoOptions& options) {
     Frame frame = readFrame(options);
-    const OutputFiles output(options.directory, options.input);
+    OutputFiles output(options.directory, options.input);
     ZyrPointCloud cloud;
     const double build = timed([&] { cloud = buildCloud(frame); });
     Report report(cloud.Length());
     report.time("build", build);
     const int dropped = dropOutliers(cloud, frame.coordinates.cols, frame.coordinates.rows);
     addNormals(cloud, frame);
-    reportCloud(report, cloud, dropped, output.cloud);
+    reportCloud(report, cloud, dropped, output.open(output.kCloud));
     if (report.difference().empty()) reportGrid(report, cloud, frame, output);
     return finish(report, cloud, frame, output);
 }

@@ -2,11 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <opencv2/imgcodecs.hpp>
 #include <set>
 
 #include "Batch.h"
 #include "Outcome.h"
+#include "files/ImageFile.h"
 #include "files/SafeFile.h"
 #include "formats/Text.h"
 #include "render/Drawing.h"
@@ -31,15 +31,6 @@ struct Job {
     std::string input, output;
 };
 
-void writePng(const std::string& path, const cv::Mat& picture) {
-    std::vector<unsigned char> bytes;
-    cv::imencode(".png", picture, bytes);
-    SafeFile file(path);
-    file.put({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    file.finish();
-    file.commit();
-}
-
 int renderFile(const Job& job, const RenderOptions& options, Output& output) {
     Subject subject = readSubject(job.input, options.look.pointSize.has_value());
     if (subject.isEmpty()) {
@@ -53,7 +44,10 @@ int renderFile(const Job& job, const RenderOptions& options, Output& output) {
         look.color = ColorBy::Height;
     }
     look.title = fs::path(job.input).filename().string();
-    writePng(job.output, drawPicture(subject, look));
+    const cv::Mat picture = drawPicture(subject, look);
+    SafeFile file(job.output);
+    putPng(file, picture);
+    file.commit();
     return kGood;
 }
 

@@ -3,7 +3,6 @@
 #include <iostream>
 
 #include "Facts.h"
-#include "files/RegularFile.h"
 
 namespace zyr {
 Report::Report(int points) : points_(points) {
@@ -25,9 +24,8 @@ void Report::time(const std::string& step, double milliseconds) {
 
 void Report::file(const std::string& kind, const RoundTrip& trip, std::uint64_t rawBytes) {
     const std::string prefix = kind.empty() ? "" : kind + " ";
-    const std::uint64_t disk = fileSize(trip.path);
     counts_.add({prefix + "bytes raw", grouped(rawBytes)});
-    counts_.add({prefix + "bytes on disk", grouped(disk), percent(disk, rawBytes)});
+    counts_.add({prefix + "bytes on disk", grouped(trip.bytes), percent(trip.bytes, rawBytes)});
     time(prefix + "save", trip.save);
     time(prefix + "load", trip.load);
     written_ += (written_.empty() ? "" : ", ") + trip.path;

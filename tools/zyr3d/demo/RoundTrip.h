@@ -1,10 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "Outcome.h"
 #include "demo/Comparison.h"
+#include "files/RegularFile.h"
+#include "files/SafeFile.h"
 
 namespace zyr {
 
@@ -20,32 +23,42 @@ double timed(const Step& step) {
 /// A file that was written and loaded back.
 struct RoundTrip {
     std::string path;
+    std::uint64_t bytes = 0;
     double save = 0.0, load = 0.0;  ///< milliseconds
     std::string differing;          ///< what came back differently, "" for nothing
 };
 
+/// Whether a file that was just written lacks its end, whatever of it can be loaded.
+bool isTorn(const std::string& path);
+
 /// Runs save(path) and load(path), which tell whether they succeeded, and then compare(), which
-/// tells what differs. Throws FileTrouble when the file can't be written.
+/// tells what differs. Finishes the file. Throws FileTrouble when it can't be written.
 template <class Save, class Load, class Compare>
-RoundTrip roundTrip(const std::string& path, const Save& save, const Load& load,
-                    const Compare& compare) {
+RoundTrip roundTrip(SafeFile& file, const Save& save, const Load& load, const Compare& compare) {
     RoundTrip trip;
-    trip.path = path;
+    trip.path = file.path();
+    const char* path = file.temporary().c_str();
     bool isSaved = false, isLoaded = false;
-    trip.save = timed([&] { isSaved = save(path.c_str()); });
-    if (!isSaved) throw FileTrouble(path + ": cannot be written");
-    trip.load = timed([&] { isLoaded = load(path.c_str()); });
+    trip.save = timed([&] { isSaved = save(path); });
+    if (!isSaved || isTorn(path)) {
+        file.requireRoom();
+        throw FileTrouble(trip.path + ": cannot be written");
+    }
+    trip.load = timed([&] { isLoaded = load(path); });
     trip.differing = isLoaded ? compare() : "file as a whole";
+    if (!trip.differing.empty()) file.requireRoom();
+    file.finish();
+    trip.bytes = fileSize(path);
     return trip;
 }
 
 /// For what saves and loads normals and colours.
 template <class Container>
-RoundTrip roundTrip(Container& container, const std::string& path) {
+RoundTrip roundTrip(Container& container, SafeFile& file) {
     Container loaded;
     return roundTrip(
-        path, [&](const char* file) { return container.Save(file, true, true); },
-        [&](const char* file) { return loaded.Load(file, true, true); },
+        file, [&](const char* path) { return container.Save(path, true, true); },
+        [&](const char* path) { return loaded.Load(path, true, true); },
         [&] { return difference(container, loaded); });
 }
 

@@ -6,10 +6,10 @@
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
 #include "ZyrTriangleMesh.h"
-#include "check/Check.h"
 #include "files/CloudFile.h"
 #include "files/FileKind.h"
 #include "files/ImageFile.h"
+#include "files/Loading.h"
 #include "files/RangeFile.h"
 #include "files/ValueType.h"
 #include "formats/Scene.h"
@@ -127,9 +127,7 @@ Side loadCloud(const std::string& path) {
 
 Side loadMesh(const std::string& path) {
     requireWhole(path, scanMeshFile(path));
-    ZyrTriangleMesh mesh;
-    if (!mesh.Load(path.c_str(), true, true)) explainRefusal(path);
-    return meshSide(mesh);
+    return meshSide(loadScanned<ZyrTriangleMesh>(path));
 }
 
 Side loadForeign(const std::string& path) {

@@ -2,7 +2,7 @@
 
 #include "Outcome.h"
 #include "Zyr3DInner.h"
-#include "check/Check.h"
+#include "files/Loading.h"
 
 namespace zyr {
 
@@ -13,9 +13,8 @@ bool isCloudPath(const std::string& path) {
 
 CloudFile loadCloudFile(const std::string& path) {
     if (!isCloudPath(path)) throw FileTrouble(path + ": not a .zpt file by its suffix");
-    CloudFile file{scanCloudFile(path), {}};
-    if (!file.cloud.Load(path.c_str(), true, true)) explainRefusal(path);
-    return file;
+    const TextHeaderFile disk = scanCloudFile(path);
+    return {disk, loadScanned<ZyrPointCloud>(path)};
 }
 
 }  // namespace zyr

@@ -12,7 +12,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::size_t kMaxHeader = 1 << 16;
+constexpr std::size_t kMaxHeader = 1 << 20;
 constexpr std::size_t kMaxWord = 32;
 constexpr std::size_t kMaxWords = 61;
 

@@ -40,13 +40,6 @@ cv::Mat decode(const std::vector<unsigned char>& bytes) try {
     throw Fault(path, text);
 }
 
-bool encode(const std::string& path, const cv::Mat& image) try {
-    const QuietCodecs quiet;
-    return cv::imwrite(path, image);
-} catch (const cv::Exception&) {
-    return false;
-}
-
 }  // namespace
 
 cv::Mat readImage(const std::string& path) {
@@ -64,11 +57,16 @@ ZyrRangeImage readPictureValues(const std::string& path) {
     const QuietCodecs quiet;
     ZyrRangeImage image;
     if (!image.Load(path.c_str(), 1.0, 0.0)) failDecoding(path, bytes);
+    requireReadable(path);
     return image;
 }
 
-void writeImage(const std::string& path, const cv::Mat& image) {
-    if (!encode(path, image)) throw FileTrouble(path + ": cannot be written");
+void putPng(SafeFile& file, const cv::Mat& picture) {
+    std::vector<unsigned char> bytes;
+    if (!cv::imencode(".png", picture, bytes))
+        throw FileTrouble(file.path() + ": the codec refuses the picture");
+    file.put({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    file.finish();
 }
 
 }  // namespace zyr

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ZyrRangeImage.h"
+#include "files/SafeFile.h"
 
 namespace zyr {
 
@@ -14,7 +15,7 @@ cv::Mat readImage(const std::string& path);
 /// A picture as the library's range images read it, one value a pixel. Throws FileTrouble.
 ZyrRangeImage readPictureValues(const std::string& path);
 
-/// Throws FileTrouble.
-void writeImage(const std::string& path, const cv::Mat& image);
+/// Puts the picture into the file as a PNG and finishes it. Throws FileTrouble.
+void putPng(SafeFile& file, const cv::Mat& picture);
 
 }  // namespace zyr

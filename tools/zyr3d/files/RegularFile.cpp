@@ -1,6 +1,7 @@
 #include "files/RegularFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -11,6 +12,22 @@
 #include "Outcome.h"
 
 namespace zyr {
+namespace {
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+[[noreturn]] void fail(const std::string& path) {
+    throw FileTrouble(path + ": " + std::strerror(errno));
+}
+
+File openRegular(const std::string& path) {
+    requireRegularFile(path);
+    File file(std::fopen(path.c_str(), "rb"), &std::fclose);
+    if (file == nullptr) fail(path);
+    return file;
+}
+
+}  // namespace
 
 void requireRegularFile(const std::string& path) {
     std::error_code error;
@@ -33,14 +50,19 @@ std::vector<unsigned char> readWhole(const std::string& path) {
 }
 
 std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes) {
-    requireRegularFile(path);
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                               &std::fclose);
-    if (file == nullptr) throw FileTrouble(path + ": " + std::strerror(errno));
+    const File file = openRegular(path);
     std::vector<unsigned char> bytes(std::min(mostBytes, fileSize(path)));
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    if (std::ferror(file.get()) != 0) throw FileTrouble(path + ": " + std::strerror(errno));
+    if (std::ferror(file.get()) != 0) fail(path);
     return bytes;
+}
+
+void requireReadable(const std::string& path) {
+    const File file = openRegular(path);
+    std::array<char, 1 << 16> piece;
+    while (std::fread(piece.data(), 1, piece.size(), file.get()) == piece.size()) {
+    }
+    if (std::ferror(file.get()) != 0) fail(path);
 }
 
 }  // namespace zyr

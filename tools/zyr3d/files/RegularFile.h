@@ -16,4 +16,8 @@ std::uint64_t fileSize(const std::string& path);
 std::vector<unsigned char> readWhole(const std::string& path);
 std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes);
 
+/// Reads all of a regular file and keeps none of it. For files that the library reads, which takes
+/// a read that fails for the end of the file. Throws FileTrouble.
+void requireReadable(const std::string& path);
+
 }  // namespace zyr

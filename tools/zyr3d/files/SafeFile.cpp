@@ -51,17 +51,17 @@ void syncFolder(const fs::path& folder) {
 
 }  // namespace
 
-SafeFile::SafeFile(const std::string& path) : path_(resolved(path)) {
-    const fs::path target(path_);
+SafeFile::SafeFile(const std::string& path) : path_(path), target_(resolved(path)) {
+    const fs::path target(target_);
     const std::string suffix = target.extension();
     const fs::path name = "." + target.stem().string().substr(0, 200) + ".XXXXXX" + suffix;
     temporary_ = target.parent_path() / name;
     file_ = makeTemporary(temporary_, suffix.size());
     if (file_ < 0) {
         temporary_.clear();
-        throw FileTrouble(path + ": cannot be written: " + std::strerror(errno));
+        fail("cannot be written");
     }
-    fchmod(file_, modeFor(path_));
+    fchmod(file_, modeFor(target_));
 }
 
 SafeFile::~SafeFile() {
@@ -78,6 +78,13 @@ void SafeFile::fail(const char* what) const {
 void SafeFile::put(std::string_view bytes) {
     buffer_ += bytes;
     if (buffer_.size() >= kBuffer) flush();
+}
+
+// A block of the disk's: where the last write failed for want of room, none is left.
+void SafeFile::requireRoom() {
+    lseek(file_, 0, SEEK_END);
+    put(std::string(4096, ' '));
+    flush();
 }
 
 void SafeFile::flush() {
@@ -102,10 +109,10 @@ void SafeFile::finish() {
 }
 
 void SafeFile::commit() {
-    if (rename(temporary_.c_str(), path_.c_str()) != 0) fail("cannot be replaced");
+    if (rename(temporary_.c_str(), target_.c_str()) != 0) fail("cannot be replaced");
     forgetTemporary(temporary_);
     temporary_.clear();
-    const fs::path folder = fs::path(path_).parent_path();
+    const fs::path folder = fs::path(target_).parent_path();
     syncFolder(folder.empty() ? "." : folder);
 }
 

@@ -19,8 +19,12 @@ public:
 
     /// For those who write by name. It has the suffix of the file to be.
     const std::string& temporary() const { return temporary_; }
+    const std::string& path() const { return path_; }
 
     void put(std::string_view bytes);
+    /// When what was written by name is not whole: throws the cause if the disk takes no more. What
+    /// is there is spoiled then.
+    void requireRoom();
     /// All that was put, or written by name, is on the disk and of the right size.
     void finish();
     /// After finish: takes the place of the file that had the name.
@@ -30,7 +34,7 @@ private:
     void flush();
     [[noreturn]] void fail(const char* what) const;
 
-    std::string path_, temporary_, buffer_;
+    std::string path_, target_, temporary_, buffer_;  ///< target_: behind links
     std::uint64_t written_ = 0;
     int file_ = -1;
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <vector>
 
 #include "files/RegularFile.h"
@@ -14,16 +13,15 @@ namespace {
 std::uint64_t compressedBodySize(const std::string& path, std::uint64_t start,
                                  std::size_t channelCounts) {
     std::vector<std::uint32_t> words(channelCounts + 2);
-    std::vector<char> bytes(words.size() * sizeof words[0]);
-    std::ifstream file(path, std::ios::binary);
-    file.seekg(static_cast<std::streamoff>(start));
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    std::memcpy(words.data(), bytes.data(), bytes.size());
-    return bytes.size() + words[channelCounts];
+    const std::size_t size = words.size() * sizeof words[0];
+    const std::vector<unsigned char> bytes = readStart(path, start + size);
+    if (bytes.size() == start + size) std::memcpy(words.data(), bytes.data() + start, size);
+    return size + words[channelCounts];
 }
 
 /// All but the size of the body.
 TextHeaderFile scanFile(const std::string& path) {
+    requireReadable(path);
     TextHeaderFile file;
     file.header = scanHeader(path);
     file.bytes = fileSize(path);

@@ -19,7 +19,7 @@ struct TextHeaderFile {
 };
 
 /// These take a file that may hold anything and throw FileTrouble where its header would stop the
-/// library's reader.
+/// library's reader, or where not all of it can be read.
 TextHeaderFile scanCloudFile(const std::string& path);
 TextHeaderFile scanMeshFile(const std::string& path);
 

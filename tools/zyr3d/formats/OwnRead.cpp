@@ -1,8 +1,8 @@
 #include <cstring>
 
 #include "Outcome.h"
-#include "check/Check.h"
 #include "files/CloudFile.h"
+#include "files/Loading.h"
 #include "files/RangeFile.h"
 #include "formats/Readers.h"
 
@@ -56,8 +56,7 @@ Scene readZpt(const std::string& path) {
 
 Scene readZtmt(const std::string& path) {
     requireWhole(path, scanMeshFile(path));
-    ZyrTriangleMesh mesh;
-    if (!mesh.Load(path.c_str(), true, true)) explainRefusal(path);
+    ZyrTriangleMesh mesh = loadScanned<ZyrTriangleMesh>(path);
     Scene scene;
     scene.kind = Scene::Mesh;
     scene.cloud = ZyrPointCloud(mesh.DeepCopyVertex(), mesh.DeepCopyVertexColor(),

@@ -14,11 +14,17 @@ namespace {
     throw FormatFault(why);
 }
 
+/// For what the library did not write whole.
+[[noreturn]] void failWriting(SafeFile& file) {
+    file.requireRoom();
+    fail("cannot be written");
+}
+
 /// What was written, as it is read; its faults are this file's, whose name is not yet its own.
-Scene readBack(Scene (*read)(const std::string&), const SafeFile& file) try {
+Scene readBack(Scene (*read)(const std::string&), SafeFile& file) try {
     return read(file.temporary());
 } catch (const FileTrouble&) {
-    fail("cannot be read back, as from a full disk");
+    failWriting(file);
 }
 
 cv::Mat valuesOf(const ZyrRangeImage& image) {
@@ -63,13 +69,13 @@ const char* const kNotSame = "does not read back as it was written";
 void writeZpt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     ZyrPointCloud cloud = scene.cloud;
     if (cloud.Length() == 0) fail("no points, and a .zpt file has one at least");
-    if (!cloud.Save(file.temporary().c_str(), true, true)) fail("cannot be written");
+    if (!cloud.Save(file.temporary().c_str(), true, true)) failWriting(file);
     if (!sameCloud(cloud, readBack(readZpt, file).cloud)) fail(kNotSame);
 }
 
 void writeZtmt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     if (scene.cloud.Length() == 0) fail("no vertices, and a .ztmt file has one at least");
-    if (!scene.mesh().Save(file.temporary().c_str(), true, true)) fail("cannot be written");
+    if (!scene.mesh().Save(file.temporary().c_str(), true, true)) failWriting(file);
     const Scene back = readBack(readZtmt, file);
     if (!sameCloud(scene.cloud, back.cloud) || !same(scene.triangles, back.triangles) ||
         !same(scene.triangleNormals, back.triangleNormals) ||
@@ -89,7 +95,7 @@ void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     if (!Zyr3DFileIO::SaveRangeImage(values, colors, file.temporary().c_str(), low, high,
                                      resolution[0], resolution[1], resolution[2], offset[0],
                                      offset[1], offset[2], true))
-        fail("cannot be written");
+        failWriting(file);
     if (!sameRange(scene, readBack(readZrt, file))) fail(kNotSame);
 }
 

@@ -1,5 +1,5 @@
 #include "Mesh.h"
-#include "check/Check.h"
+#include "files/Loading.h"
 #include "info/Description.h"
 
 namespace zyr {
@@ -22,8 +22,7 @@ int channels(const ZyrColorArray& colors) {
 
 Description describeMeshFile(const std::string& path) {
     const TextHeaderFile disk = scanMeshFile(path);
-    ZyrTriangleMesh mesh;
-    if (!mesh.Load(path.c_str(), true, true)) explainRefusal(path);
+    ZyrTriangleMesh mesh = loadScanned<ZyrTriangleMesh>(path);
     ZyrVector3dArray vertices = mesh.DeepCopyVertex();
     Description description;
     Facts& facts = description.facts;
