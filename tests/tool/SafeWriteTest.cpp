@@ -79,7 +79,10 @@ protected:
         const Scene scene = sceneFor(path);
         const pid_t writer = fork();
         if (writer == 0) {
-            const test::FaultyFiles faulty({16, test::kNever, n});
+            test::Faults faults;
+            faults.step = 16;
+            faults.killAt = n;
+            const test::FaultyFiles faulty(faults);
             zyr::writeScene(scene, path, {});
             _exit(0);
         }

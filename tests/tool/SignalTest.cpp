@@ -23,6 +23,7 @@ protected:
         EXPECT_EQ(pipe(pipes), 0);
         const pid_t writer = fork();
         if (writer == 0) {
+            std::signal(signal, SIG_DFL);  // what runs in the background has INT ignored
             zyr::removeTemporariesOnSignals();
             zyr::SafeFile first(path("old.ply")), second(path("new.ply"));
             first.put("torn");
