@@ -71,6 +71,38 @@ Bytes rows(std::size_t size, std::size_t first, std::size_t last) {
     return bytes;
 }
 
+/// Float-born values that share their upper bits, none of which returns within 2048 values, save
+/// two at a time where the encoder does not look: so the block becomes small only if it looks for
+/// pairs.
+class PairColumn {
+public:
+    /// The encoder looks at the values from first to last, last excluded.
+    PairColumn(std::size_t count, std::size_t first, std::size_t last) : values_(count) {
+        for (std::size_t i = 0; i < count; ++i)
+            values_[i] = 0x3FF1230000000000 | std::uint64_t(i * 787 % 2048) << 29;
+        for (std::size_t i = 8; i + 2 < count; i += 4)
+            if (i + 1 < first || i > last + 7) returnPair(i);
+    }
+
+    /// Makes value i and the next the same as those before.
+    void returnPair(std::size_t i, std::size_t distance = 6) {
+        values_[i] = values_[i - distance];
+        values_[i + 1] = values_[i + 1 - distance];
+    }
+    void returnPairs(std::size_t count, std::size_t lastOne, std::size_t distance = 6) {
+        for (std::size_t n = 0; n < count; ++n) returnPair(lastOne - 15 * n, distance);
+    }
+    std::uint64_t& operator[](std::size_t i) { return values_[i]; }
+
+    bool isEncodedByPairs() const {
+        const Bytes block = test::column(values_.size(), [&](std::size_t i) { return values_[i]; });
+        return 2 * encodedBy(kFloatBorn, block).size() < 9 * values_.size();
+    }
+
+private:
+    std::vector<std::uint64_t> values_;
+};
+
 }  // namespace
 
 // Whoever changes an encoder changes these numbers; smaller is better.
@@ -154,4 +186,59 @@ TEST(LzfSizes, FewRowsHaveNoSample) {
 
 TEST(LzfSizes, OtherValuesAreBytes) {
     expectEncodedBy(kBytes, rows(4000, 0, 1000), 1, kShorts);
+}
+
+TEST(LzfSizes, PairsAreLookedForWhenMoreThanASixteenthOfASampleReturn) {
+    const auto isFound = [](std::size_t numPairs, std::size_t lastOne) {
+        PairColumn column(4000, 2000, 3024);
+        column.returnPairs(numPairs, lastOne);
+        return column.isEncodedByPairs();
+    };
+    EXPECT_TRUE(isFound(65, 3023));
+    EXPECT_FALSE(isFound(65, 3024)) << "the last lies behind the sample";
+    EXPECT_FALSE(isFound(64, 3023));
+}
+
+TEST(LzfSizes, SampleOfPairsEndsBeforeTheLastValue) {
+    const auto isFound = [](std::size_t numPairs, std::size_t lastOne) {
+        PairColumn column(1000, 500, 999);
+        column.returnPairs(numPairs, lastOne);
+        column[993] = column[994] = column[999];
+        return column.isEncodedByPairs();
+    };
+    EXPECT_TRUE(isFound(32, 998));
+    EXPECT_FALSE(isFound(31, 988)) << "the last value and none behind it are no pair";
+}
+
+TEST(LzfSizes, SampleOfPairsBeginsBehindItsMiddle) {
+    const auto isFound = [](std::size_t secondOfFirstPair) {
+        PairColumn column(4000, 2000, 3024);
+        column.returnPairs(64, 3023);
+        column.returnPair(2008, 2009 - secondOfFirstPair);
+        return column.isEncodedByPairs();
+    };
+    EXPECT_TRUE(isFound(2002));
+    EXPECT_FALSE(isFound(2001));
+}
+
+TEST(LzfSizes, PairsOfOneValueAndThoseJustBeforeCountToo) {
+    PairColumn equal(4000, 2000, 3024);
+    for (std::size_t i = 2010; i < 3024; i += 15) equal[i + 1] = equal[i];
+    equal.returnPairs(65, 2016 + 15 * 64);
+    EXPECT_TRUE(equal.isEncodedByPairs());
+    PairColumn near(4000, 2000, 3024);
+    near.returnPairs(65, 3023, 2);
+    EXPECT_TRUE(near.isEncodedByPairs());
+}
+
+TEST(LzfSizes, ValuesThatAreAllTheOneBeforeTakeLittleMoreThanTheirReferences) {
+    const Bytes value = test::bytesOf<double>({1.2345678});
+    const Bytes same = test::repeated(value, 80000);
+    const Bytes noise = test::noiseColumn(1000);
+    for (const Encoder encoder : {kFloatBorn, kDoubles, kIntegers}) {
+        EXPECT_LT(encodedBy(encoder, test::repeated({7, 6, 5, 4}, 80000)).size(), 1000U);
+        if (encoder == kIntegers) continue;
+        EXPECT_LT(encodedBy(encoder, same).size(), 1000U);
+        EXPECT_LT(encodedBy(encoder, test::joined(noise, same)).size(), 8300U + 1000U);
+    }
 }

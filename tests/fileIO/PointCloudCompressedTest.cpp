@@ -121,6 +121,38 @@ TEST(CompressedCloud, FirstOfManyValuesIsRead) {
     EXPECT_EQ(test::values(cloud.points), kPoints);
 }
 
+TEST(CompressedCloud, FirstOfAnyNumberOfValuesIsRead) {
+    for (const std::size_t count : {2, 8, 64, 1024, 1025, 8191, 8192, 9000}) {
+        const std::size_t numPoints = count > 64 ? 3 : 1500;
+        Bytes body;
+        for (std::size_t i = 0; i < numPoints; ++i) {
+            test::put(body, double(i));
+            body.resize(body.size() + 8 * (count - 1), 0xEE);
+        }
+        for (std::size_t i = 0; i < 2 * numPoints; ++i) test::put(body, -double(i));
+        const std::string counts = std::to_string(count) + " 1 1";
+        const auto header = CloudHeader(long(numPoints)).columns("x y z", "8 8 8", "F F F", counts);
+        Values expected;
+        for (std::size_t i = 0; i < numPoints; ++i)
+            expected.insert(expected.end(), {double(i), -double(i), -double(numPoints + i)});
+        const LoadedCloud cloud = load(header, body);
+        EXPECT_TRUE(cloud.isLoaded) << count;
+        EXPECT_EQ(test::values(cloud.points), expected) << count;
+    }
+}
+
+TEST(CompressedCloud, FirstOfManyValuesMayBeTheLastOfACutFile) {
+    const Bytes body = bytesOf<double>({1, 4, 2, 5, 3, 9, 6, 9});
+    const Bytes file =
+        test::joined(CloudHeader(2).columns("x y z", "8 8 8", "F F F", "1 1 2").bytes(),
+                     test::compressed(1, body));
+    const auto valuesOf = [&](std::size_t missing) {
+        return test::values(test::loadBytes(test::prefix(file, file.size() - missing)).points);
+    };
+    EXPECT_EQ(valuesOf(8), kPoints);
+    EXPECT_EQ(valuesOf(9), (Values{1, 2, 3, 4, 5, 0}));
+}
+
 TEST(CompressedCloud, FirstOfManyColourWordsIsRead) {
     const auto cloud = load(CloudHeader(2).columns("x y z rgb", "8 8 8 4", "F F F U", "1 1 1 2"),
                             test::joined(doubles(), bytesOf<std::uint32_t>({1, 9, 2, 9})));

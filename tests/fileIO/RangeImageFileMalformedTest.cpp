@@ -142,10 +142,12 @@ TEST_F(RangeImageFileMalformed, RefusesTwoNegativeSizesWhoseProductWouldFit) {
 }
 
 TEST_F(RangeImageFileMalformed, RefusesZeroSizesWithAnEmptyBlock) {
-    file_.width = 0;
-    file_.height = 0;
     file_.valueStream.clear();
-    EXPECT_TRUE(isRefused(false));
+    for (const auto& [width, height] : {std::pair(0, 0), {0, 2}, {3, 0}}) {
+        file_.width = width;
+        file_.height = height;
+        EXPECT_TRUE(isRefused(false)) << width << " x " << height;
+    }
 }
 
 TEST_F(RangeImageFileMalformed, RefusesSizesWhoseProductOverflows) {
@@ -184,6 +186,20 @@ TEST_F(RangeImageFileMalformed, AllocatesNoImageThatItsBlockCannotFill) {
     test::writeFile(path_, file_.bytes());
     EXPECT_FALSE(stores.load(path_.c_str(), true));
     EXPECT_LE(limit.largest(), 88 * file_.colorStream.size());
+}
+
+TEST_F(RangeImageFileMalformed, AllocatesNoPixelMoreThanItsBlockCanFill) {
+    const std::size_t most = 88 * file_.valueStream.size();
+    for (int type = 0; type <= 6; ++type) {
+        file_.type = type;
+        file_.width = 1;
+        file_.height = static_cast<int>(most / CV_ELEM_SIZE1(type)) + 1;
+        test::writeFile(path_, file_.bytes());
+        Stores stores;
+        const test::MatrixLimit limit(1 << 20);
+        EXPECT_FALSE(stores.load(path_.c_str(), false));
+        EXPECT_EQ(limit.largest(), 0U) << type;
+    }
 }
 
 TEST_F(RangeImageFileMalformed, RefusesAnImageThatThereIsNoMemoryFor) {

@@ -2,7 +2,9 @@
 
 #include <array>
 #include <filesystem>
+#include <random>
 
+#include "fileIO/LzfEncoder.h"
 #include "fileIO/RangeImageFile.h"
 #include "support/MatrixLimit.h"
 #include "support/RangeFile.h"
@@ -69,6 +71,29 @@ TEST_F(RangeImageFileWrite, FloatsWithoutColorsTakeTheirBlockAnd76Bytes) {
     const Bytes bytes = test::readFile(path_);
     EXPECT_EQ(bytes.size(), 68 + 4 + file.valueStream.size() + 4);
     EXPECT_EQ(test::valueAt<std::int32_t>(bytes, bytes.size() - 4), 0);
+}
+
+TEST_F(RangeImageFileWrite, ValuesAreEncodedByTheirWidthAndColorsByTheirChannels) {
+    std::mt19937 random(5);
+    const auto encoded = [](const cv::Mat& grid, std::size_t width) {
+        const Bytes bytes = test::bytesOf(grid);
+        Bytes stream(zyr::lzfBlockRoom(bytes.size()));
+        stream.resize(zyr::lzfEncodeBlock(bytes.data(), bytes.size(), width, stream.data()));
+        return stream;
+    };
+    Stores stores;
+    stores.values = cv::Mat(40, 50, CV_32F);
+    stores.colors = cv::Mat(40, 50, CV_8UC4);
+    for (int i = 0; i < 2000; ++i) {
+        stores.values.ptr<float>()[i] = float(random() % 300);
+        stores.colors.ptr<cv::Vec4b>()[i] = {std::uint8_t(random() % 4), std::uint8_t(i % 7), 9, 0};
+    }
+    ASSERT_NE(encoded(stores.colors, 4), encoded(stores.colors, 1));
+    const RangeFile file = written(stores, true);
+    EXPECT_EQ(file.valueStream, encoded(stores.values, 4));
+    EXPECT_EQ(file.colorStream, encoded(stores.colors, 4));
+    stores.colors = cv::Mat(40, 50, CV_8UC3, stores.colors.data).clone();
+    EXPECT_EQ(written(stores, true).colorStream, encoded(stores.colors, 1));
 }
 
 TEST_F(RangeImageFileWrite, FileEndsWithTheColorBlock) {
