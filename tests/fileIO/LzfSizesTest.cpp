@@ -50,6 +50,16 @@ std::vector<test::NamedBytes> knownBlocks() {
         flat = test::joined({flat, i % 5 == 0 ? one : value});
     }
     blocks.emplace_back("flat", flat);
+    // Repetitions of some 256 bytes, each behind a value of which the highest byte returns.
+    Bytes returning = noise;
+    for (std::size_t count = 24; count < 40; ++count) {
+        const std::size_t first = 8 * (10 * count);
+        const Bytes fresh = test::noiseColumn(700 + count);
+        returning.insert(returning.end(), fresh.end() - 24, fresh.end());
+        returning.back() = noise[first - 1];
+        returning.insert(returning.end(), &noise[first], &noise[first + 8 * count]);
+    }
+    blocks.emplace_back("returning", returning);
     return blocks;
 }
 
@@ -148,6 +158,7 @@ TEST(LzfSizes, OfKnownBlocksAreTheKnownOnes) {
         {"far back", {10863, 14083, 13137, 11164, 11140, 11036}},
         {"behind noise", {132000, 107968, 113583, 107062, 114783, 105390}},
         {"flat", {7874, 7891, 7891, 7876, 7863, 7873}},
+        {"returning", {5258, 5242, 5257, 5287, 5268, 5288}},
     };
     std::size_t next = 0;
     for (const auto& [name, block] : knownBlocks()) {
