@@ -226,6 +226,15 @@ TEST(MemoryOfLists, IsThatOfTheirElements) {
     EXPECT_LE(test::heldBytes() - before, elements + (std::size_t(64) << 10));
 }
 
+TEST(MemoryOfLists, IsThatOfTheIndicesWhereTheFileHasNone) {
+    const auto header = test::MeshHeader(2, 50000).columns("x y z", "8 8 8");
+    const test::MemoryFile file(test::meshFile(header, Bytes(48)));
+    const std::size_t before = test::heldBytes();
+    test::MeshLists loaded;
+    ASSERT_TRUE(loaded.load(file.path(), true, false));
+    EXPECT_LE(test::heldBytes() - before, std::size_t(12 * 50000) + (std::size_t(64) << 10));
+}
+
 TEST(MemoryFaultsOfObjects, ACloudLoadsAndSavesUnderEitherPathOrGivesFalse) {
     expectTrueOrFalse<ZyrPointCloud>(test::formats()[0].samplePath(), "a.zpt", loadAll, saveAll);
 }
