@@ -109,6 +109,20 @@ TEST(LzfDecoder, CountsWholeChunksAndWhatACutRunHolds) {
     EXPECT_EQ(test::prefix(out, 3), (Bytes{'a', 'b', 'c'}));
 }
 
+TEST(LzfDecoder, ReadsNothingBehindAChunkThatIsCut) {
+    // The longest chunks there are, in a buffer that ends with the cut.
+    const Bytes whole = test::joined(test::literalStream(Bytes(32, 7)), {0xE0, 255, 3});
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+        Bytes out(1000);
+        const zyr::LzfStep step = zyr::lzfDecodeStep(cut.data(), cut.size(), out.data(), 0, 1000);
+        const bool hasRun = size >= 33;
+        EXPECT_EQ(step.end == LzfEnd::Cut, size != 0 && size != 33) << size;
+        EXPECT_EQ(step.consumed, hasRun ? 33U : 0U) << size;
+        EXPECT_EQ(step.produced, hasRun ? 32U : 0U) << size;
+    }
+}
+
 TEST(LzfDecoder, ReferencesReachIntoTheHistory) {
     const Bytes stream = {1 << 5, 3};
     Bytes out = {'a', 'b', 'c', 'd', 0, 0, 0};
