@@ -9,6 +9,9 @@
 #include "Outcome.h"
 #include "RenderData.h"
 #include "Scenes.h"
+#include "check/Check.h"
+#include "demo/CloudFrame.h"
+#include "demo/DepthImage.h"
 #include "diff/Side.h"
 #include "faults/FaultyFile.h"
 #include "files/SafeFile.h"
@@ -37,15 +40,27 @@ namespace {
 namespace fs = std::filesystem;
 using zyr::Scene;
 
+using Fault = test::Faults (*)(std::size_t n);
+
+test::Faults lasting(std::size_t n) {
+    return {100, n};
+}
+
+test::Faults passing(std::size_t n) {
+    return {100, test::kNever, test::kNever, false, n};
+}
+
 /// What becomes of the files that are written, and of those that were there.
 class SafeWrite : public testing::Test {
 protected:
-    /// Every read from some read on fails: whichever it is, the file's name and the cause are told.
-    static void expectTroubleAtAnyRead(const std::string& path, void (*read)(const std::string&)) {
+    /// Every read from some read on fails, or that one alone: whichever it is, the file's name and
+    /// the cause are told.
+    static void expectTroubleAtAnyRead(const std::string& path, Fault fault,
+                                       void (*read)(const std::string&)) {
         std::size_t n = 0;
         for (bool isReached = true; isReached; ++n) {
             std::string why;
-            const test::FaultyFiles faulty({512, n});
+            const test::FaultyFiles faulty(fault(n));
             try {
                 read(path);
             } catch (const zyr::FileTrouble& trouble) {
@@ -151,13 +166,26 @@ TEST_F(SafeWrite, ReadThatFailsAnywhereIsFileTrouble) {
     cv::Mat noise(40, 40, CV_8UC3);
     cv::randu(noise, 0, 256);
     cv::imwrite(picture, noise);
-    for (const std::string& path : {cloud, mesh, range, picture}) {
-        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::readScene(p); });
-        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::loadSide(p); });
+    const std::string depth = folder_.path("depth.png");
+    cv::Mat counts(40, 40, CV_16UC1);
+    cv::randu(counts, 0, 65536);
+    cv::imwrite(depth, counts);
+    for (const Fault fault : {lasting, passing}) {
+        for (const std::string& path : {cloud, mesh, range, picture}) {
+            expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::readScene(p); });
+            expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::loadSide(p); });
+            expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::checkFile(p); });
+        }
+        const auto expectTrouble = [&](const std::string& path, void (*read)(const std::string&)) {
+            expectTroubleAtAnyRead(path, fault, read);
+        };
+        expectTrouble(cloud, [](const std::string& p) { zyr::describeCloudFile(p); });
+        expectTrouble(cloud, [](const std::string& p) { zyr::readCloudFrame(p); });
+        expectTrouble(mesh, [](const std::string& p) { zyr::describeMeshFile(p); });
+        expectTrouble(range, [](const std::string& p) { zyr::describeRangeFile(p); });
+        expectTrouble(picture, [](const std::string& p) { zyr::describePictureFile(p); });
+        expectTrouble(depth, [](const std::string& p) { zyr::readDepthImage(p, "", {}); });
     }
-    expectTroubleAtAnyRead(cloud, [](const std::string& p) { zyr::describeCloudFile(p); });
-    expectTroubleAtAnyRead(mesh, [](const std::string& p) { zyr::describeMeshFile(p); });
-    expectTroubleAtAnyRead(picture, [](const std::string& p) { zyr::describePictureFile(p); });
 }
 
 // Once the file and once its folder.

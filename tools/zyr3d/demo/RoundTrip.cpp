@@ -10,9 +10,9 @@ namespace zyr {
 bool isTorn(const std::string& path) try {
     switch (fileKind(path)) {
         case FileKind::Cloud:
-            return scanCloudFile(path).isCut();
+            return scanCloudFile(Snapshot(path)).isCut();
         case FileKind::Mesh:
-            return scanMeshFile(path).isCut();
+            return scanMeshFile(Snapshot(path)).isCut();
         case FileKind::Picture:
             return scanPicture(readWhole(path)).has_value();
         default:
