@@ -83,10 +83,14 @@ protected:
 
 TEST_F(DiskFaults, ReadThatFailsAnywhereIsFileTrouble) {
     const std::string cloud = folder_.path("a.zpt"), mesh = folder_.path("a.ztmt"),
-                      range = folder_.path("a.zrt"), picture = folder_.path("a.png");
+                      range = folder_.path("a.zrt"), picture = folder_.path("a.png"),
+                      foreign = folder_.path("a.ply");
     test::hillCloud().Save(cloud.c_str(), true, true);
     test::blockMesh().Save(mesh.c_str(), true, true);
     test::hillImage().Save(range.c_str(), true);
+    zyr::Scene scene;
+    scene.cloud = test::hillCloud();
+    zyr::writeScene(scene, foreign, {});
     cv::Mat noise(40, 40, CV_8UC3);
     cv::randu(noise, 0, 256);
     cv::imwrite(picture, noise);
@@ -95,7 +99,7 @@ TEST_F(DiskFaults, ReadThatFailsAnywhereIsFileTrouble) {
     cv::randu(counts, 0, 65536);
     cv::imwrite(depth, counts);
     for (const Fault fault : {lasting, passing}) {
-        for (const std::string& path : {cloud, mesh, range, picture}) {
+        for (const std::string& path : {cloud, mesh, range, picture, foreign}) {
             expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::readScene(p); });
             expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::loadSide(p); });
             expectTroubleAtAnyRead(path, fault, [](const std::string& p) { zyr::checkFile(p); });
@@ -108,6 +112,7 @@ TEST_F(DiskFaults, ReadThatFailsAnywhereIsFileTrouble) {
         expectTrouble(mesh, [](const std::string& p) { zyr::describeMeshFile(p); });
         expectTrouble(range, [](const std::string& p) { zyr::describeRangeFile(p); });
         expectTrouble(picture, [](const std::string& p) { zyr::describePictureFile(p); });
+        expectTrouble(foreign, [](const std::string& p) { zyr::describeForeignFile(p); });
         expectTrouble(depth, [](const std::string& p) { zyr::readDepthImage(p, "", {}); });
     }
 }
