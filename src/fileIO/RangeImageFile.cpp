@@ -91,7 +91,10 @@ bool writeParts(std::FILE* file, const RangeImageParts& image, StreamWriter& val
     values.prepareFor(file);
     colors.prepareFor(file);
     const Head head = headOf(image, values);
-    const std::uint32_t colorBytes = colors.sizeWord();
+    // A size that is not known yet is none, so that no file which loses its colours here passes for
+    // one without.
+    const std::int32_t colorBytes =
+        colors.isCounted() ? static_cast<std::int32_t>(colors.sizeWord()) : -1;
     return writeAll(file, &head, sizeof head) && values.write(file, offsetof(Head, valueBytes)) &&
            writeAll(file, &colorBytes, sizeof colorBytes) &&
            colors.write(file, static_cast<off_t>(sizeof head + values.sizeWord()));

@@ -45,6 +45,8 @@ public:
     StreamWriter(BlockSource source, std::uint64_t bodySize, std::uint64_t most);
 
     bool fits() const { return size_ <= most_; }
+    /// Whether the size is known before the stream is written.
+    bool isCounted() const { return isCounted_; }
     /// Counts the stream where the file can't be gone back in, as in a pipe.
     void prepareFor(std::FILE* file);
     /// What to write in front; after write() the stream's size.

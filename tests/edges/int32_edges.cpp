@@ -103,17 +103,21 @@ bool isRefused(int points, bool isFull) {
 }
 
 /// Random bytes do not compress, and their stream is longer than a size word can state.
-bool isImageRefused() {
-    const std::string path = folder + "/refused.zrt";
-    cv::Mat values(46341, 46341, CV_8U), colors;
+cv::Mat randomGrid() {
+    cv::Mat grid(46341, 46341, CV_8U);
     std::mt19937_64 random(1);
-    for (std::size_t i = 0; i + 8 <= values.total(); i += 8) {
+    for (std::size_t i = 0; i + 8 <= grid.total(); i += 8) {
         const std::uint64_t word = random();
-        std::memcpy(values.data + i, &word, sizeof word);
+        std::memcpy(grid.data + i, &word, sizeof word);
     }
+    return grid;
+}
+
+bool isImageRefused(cv::Mat values, cv::Mat colors) {
+    const std::string path = folder + "/refused.zrt";
     double n = 1;
     return !Zyr3DFileIO::SaveRangeImage(values, colors, path.c_str(), n, n, n, n, n, n, n, n,
-                                        false) &&
+                                        true) &&
            !fs::exists(path);
 }
 
@@ -151,6 +155,11 @@ int main(int argc, char** argv) {
                   [] { return isRefused(kRefused24, false); });
     isGood &=
         run("82595525 points of 52 bytes are refused", [] { return isRefused(kRefused52, true); });
-    isGood &= run("an image of 46341 x 46341 random bytes is refused", isImageRefused);
+    isGood &= run("an image of 46341 x 46341 random bytes is refused",
+                  [] { return isImageRefused(randomGrid(), cv::Mat()); });
+    isGood &= run("one with as many random colours is refused", [] {
+        const cv::Mat colors = randomGrid();
+        return isImageRefused(cv::Mat::zeros(colors.size(), CV_8U), colors);
+    });
     return isGood ? 0 : 1;
 }

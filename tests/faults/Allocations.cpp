@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace {
@@ -11,11 +12,13 @@ namespace {
 std::atomic<std::size_t> held{0};
 std::atomic<std::size_t> peak{0};
 std::atomic<long> untilFailure{-1};
+std::atomic<int> filling{-1};
 
 void* allocate(std::size_t size) {
     if (untilFailure >= 0 && untilFailure-- == 0) throw std::bad_alloc();
     void* memory = std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) throw std::bad_alloc();
+    if (filling >= 0) std::memset(memory, filling, size);
     held += malloc_usable_size(memory);
     if (held > peak) peak = held.load();
     return memory;
@@ -61,6 +64,10 @@ void test::resetPeak() {
 
 void test::failAllocation(long n) {
     untilFailure = n;
+}
+
+void test::fillMemory(int byte) {
+    filling = byte;
 }
 
 bool test::endFailing() {

@@ -17,6 +17,9 @@ void failAllocation(long n);
 /// Whether it came to that; no allocation fails from now on.
 bool endFailing();
 
+/// Fills all that is allocated from now on with a byte; with nothing after -1.
+void fillMemory(int byte);
+
 /// While it lives, allocations neither fail nor count as those that could.
 class FailingPaused {
 public:

@@ -208,6 +208,33 @@ TEST_P(MemoryFaults, WithoutMemoryForMatricesLoadingGivesFalse) {
     EXPECT_TRUE(load(content));
 }
 
+TEST(MemoryOfLists, IsThatOfTheirElements) {
+    constexpr int kVertices = 30000, kFaces = 50000;
+    const test::TempFolder folder;
+    const std::string path = folder.path("large.ztmt");
+    std::vector<int> corners(3 * kFaces, 7);
+    test::MeshLists mesh;
+    mesh.vertices = test::vectors(std::vector<double>(3 * kVertices, 1.5));
+    mesh.vertexNormals = mesh.vertices;
+    mesh.triangles = Zyr3DIntArray(corners.data(), 3 * kFaces);
+    mesh.triangleNormals = test::vectors(std::vector<double>(3 * kFaces, 0.5));
+    ASSERT_TRUE(mesh.save(path, true, false));
+    const std::size_t before = test::heldBytes();
+    test::MeshLists loaded;
+    ASSERT_TRUE(loaded.load(path, true, false));
+    const std::size_t elements = 2 * 24 * kVertices + (12 + 24) * kFaces;
+    EXPECT_LE(test::heldBytes() - before, elements + (std::size_t(64) << 10));
+}
+
+TEST(MemoryOfLists, IsThatOfTheIndicesWhereTheFileHasNone) {
+    const auto header = test::MeshHeader(2, 50000).columns("x y z", "8 8 8");
+    const test::MemoryFile file(test::meshFile(header, Bytes(48)));
+    const std::size_t before = test::heldBytes();
+    test::MeshLists loaded;
+    ASSERT_TRUE(loaded.load(file.path(), true, false));
+    EXPECT_LE(test::heldBytes() - before, std::size_t(12 * 50000) + (std::size_t(64) << 10));
+}
+
 TEST(MemoryFaultsOfObjects, ACloudLoadsAndSavesUnderEitherPathOrGivesFalse) {
     expectTrueOrFalse<ZyrPointCloud>(test::formats()[0].samplePath(), "a.zpt", loadAll, saveAll);
 }

@@ -18,9 +18,9 @@ const char* const kNumbers[] = {"-1",         "0",          "1",           "4", 
                                 "32",         "33",         "46341",       "65536", "2147483647",
                                 "2147483648", "4294967297", "not-a-number"};
 
-const std::uint32_t kWords[] = {0,     1,     2,          3,          4,         5,
-                                127,   128,   255,        256,        65536,     1 << 24,
-                                46341, 32768, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+const std::uint32_t kWords[] = {0,       1,     2,     3,          4,          5,         8,
+                                32,      33,    127,   128,        255,        256,       65536,
+                                1 << 24, 46341, 32768, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
 
 class HeaderNumbers : public testing::TestWithParam<const char*> {
 protected:

@@ -3,6 +3,7 @@
 #include "fileIO/LzfEncoder.h"
 #include "support/LzfColumnData.h"
 #include "support/LzfEncoders.h"
+#include "support/PlainLzf.h"
 
 /// How small blocks become, and by which encoder.
 
@@ -29,7 +30,8 @@ Bytes encoded(const Bytes& block, std::size_t width) {
     return stream;
 }
 
-/// The start of each column, a block of the starts of all, and what lies far back or behind noise.
+/// The start of each column, a block of the starts of all, and what lies far back, behind noise or
+/// behind one value over and over.
 std::vector<test::NamedBytes> knownBlocks() {
     std::vector<test::NamedBytes> blocks = test::columns();
     Bytes& mixed = blocks.back().second;
@@ -41,6 +43,23 @@ std::vector<test::NamedBytes> knownBlocks() {
     blocks.emplace_back("far back", test::repeated(test::noiseColumn(1024), zyr::kLzfBlock));
     blocks.emplace_back("behind noise",
                         test::joined(test::noiseColumn(12000), test::decimals(4000)));
+    const Bytes noise = test::noiseColumn(600), one = test::prefix(noise, 8);
+    Bytes flat = test::joined(noise, test::repeated(one, 8 * 1400));
+    for (std::size_t i = 0; i < 400; ++i) {
+        const Bytes value(&noise[8 * i + 800], &noise[8 * i + 800] + 8);
+        flat = test::joined({flat, i % 5 == 0 ? one : value});
+    }
+    blocks.emplace_back("flat", flat);
+    // Repetitions of some 256 bytes, each behind a value of which the highest byte returns.
+    Bytes returning = noise;
+    for (std::size_t count = 24; count < 40; ++count) {
+        const std::size_t first = 8 * (10 * count);
+        const Bytes fresh = test::noiseColumn(700 + count);
+        returning.insert(returning.end(), fresh.end() - 24, fresh.end());
+        returning.back() = noise[first - 1];
+        returning.insert(returning.end(), &noise[first], &noise[first + 8 * count]);
+    }
+    blocks.emplace_back("returning", returning);
     return blocks;
 }
 
@@ -103,6 +122,22 @@ private:
     std::vector<std::uint64_t> values_;
 };
 
+/// Three parts of values of so many bytes, of which the last two are one value over and over. What
+/// came before returns behind the first part and runs so many bytes into the second.
+Bytes runningInto(std::size_t width, std::size_t into) {
+    constexpr std::size_t kPart = 256;
+    constexpr unsigned char kOne = 0x35;
+    std::mt19937 random(9);
+    Bytes bytes(width * 3 * kPart, kOne);
+    const std::size_t last = width * (kPart - 1);
+    const std::size_t earlier = last - 100 * width;
+    for (std::size_t i = 0; i < last; ++i)
+        if (i < earlier + width || i >= earlier + 2 * width + into)
+            bytes[i] = static_cast<unsigned char>(random() | 0x40);  // never that of the one
+    std::copy_n(&bytes[earlier], width, &bytes[last]);
+    return bytes;
+}
+
 }  // namespace
 
 // Whoever changes an encoder changes these numbers; smaller is better.
@@ -122,6 +157,8 @@ TEST(LzfSizes, OfKnownBlocksAreTheKnownOnes) {
         {"all", {92591, 81995, 84875, 75225, 79795, 73680}},
         {"far back", {10863, 14083, 13137, 11164, 11140, 11036}},
         {"behind noise", {132000, 107968, 113583, 107062, 114783, 105390}},
+        {"flat", {7874, 7891, 7891, 7876, 7863, 7873}},
+        {"returning", {5258, 5242, 5257, 5287, 5268, 5288}},
     };
     std::size_t next = 0;
     for (const auto& [name, block] : knownBlocks()) {
@@ -241,4 +278,32 @@ TEST(LzfSizes, ValuesThatAreAllTheOneBeforeTakeLittleMoreThanTheirReferences) {
         EXPECT_LT(encodedBy(encoder, same).size(), 1000U);
         EXPECT_LT(encodedBy(encoder, test::joined(noise, same)).size(), 8300U + 1000U);
     }
+}
+
+TEST(LzfSizes, PartsOfOneValueAreReferencesButForOneByteOrTwo) {
+    for (const Encoder encoder : {kFloatBorn, kDoubles, kIntegers}) {
+        const std::size_t width = encoder == kIntegers ? 4 : 8;
+        const std::size_t bytes = 256 * width;
+        std::vector<std::size_t> sizes;
+        for (std::size_t left = 0; left < 20; ++left) {
+            const Bytes block = runningInto(width, bytes % 264 - left);
+            const Bytes stream = encodedBy(encoder, block);
+            EXPECT_EQ(test::plainDecode(stream, block.size()), block) << left;
+            sizes.push_back(stream.size());
+        }
+        // Each byte left is one more behind the first of what differs. Two more are literals and
+        // their control byte; three are a reference of two bytes.
+        EXPECT_EQ(sizes[2] - sizes[1], 2U) << encoder;
+        EXPECT_EQ(sizes[3], sizes[2]) << encoder;
+        EXPECT_EQ(sizes[4] - sizes[3], 1U) << encoder;
+    }
+}
+
+TEST(LzfSizes, LastValueIsLookedFor) {
+    const Bytes noise = test::noiseColumn(200);
+    Bytes again = noise;
+    std::copy_n(&noise[8 * 120], 8, &again[8 * 199]);
+    EXPECT_LT(encodedBy(kDoubles, again).size(), encodedBy(kDoubles, noise).size() - 4);
+    std::copy_n(&noise[8 * 120], 8, &again[8 * 198]);
+    EXPECT_LT(encodedBy(kIntegers, again).size(), encodedBy(kIntegers, noise).size() - 4);
 }

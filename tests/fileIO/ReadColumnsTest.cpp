@@ -34,6 +34,36 @@ TEST(ReadColumns, FaceFieldsHaveOneElementAFace) {
     EXPECT_EQ(layout->bodySize, 240U + 36U);
 }
 
+TEST(ReadColumns, FaceFieldsMayStandAnywhere) {
+    const struct {
+        const char* fields;
+        std::vector<std::uint64_t> elements;
+    } cases[] = {
+        {"fnx fny fnz x y z fa fb fc", {3, 3, 3, 10, 10, 10, 3, 3, 3}},
+        {"x y z fnx fny fnz fa fb fc", {10, 10, 10, 3, 3, 3, 3, 3, 3}},
+        {"frgb x y z fa fb fc", {3, 10, 10, 10, 3, 3, 3}},
+        {"x y z frgb rgb fa fb fc", {10, 10, 10, 3, 10, 3, 3, 3}},
+        {"rgb x y z fa fb fc nx ny nz", {10, 10, 10, 10, 3, 3, 3, 10, 10, 10}},
+        {"x y z a fa fb fc b", {10, 10, 10, 10, 3, 3, 3, 3}},
+        // The two fields behind x are its y and z, whatever their names.
+        {"x fa y z fb fc", {10, 10, 10, 3, 3, 3}},
+    };
+    for (const auto& [fields, elements] : cases) {
+        std::string sizes, counts;
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            sizes += " 4";
+            counts += " 1";
+        }
+        const auto layout =
+            zyr::readLayout(header(std::string("FIELDS ") + fields + "\nSIZE" + sizes + "\nCOUNT" +
+                                   counts + "\nPOINTS 10\nFACES 3\n"),
+                            zyr::FieldsOf::pointsAndFaces);
+        ASSERT_TRUE(layout && layout->columns.size() == elements.size()) << fields;
+        for (std::size_t i = 0; i < elements.size(); ++i)
+            EXPECT_EQ(layout->columns[i].elements, elements[i]) << fields << ", " << i;
+    }
+}
+
 TEST(ReadColumns, SizesBeyond64BitsGiveNone) {
     const std::string most = "2147483647";
     const auto product = header("FIELDS x y z\nSIZE " + most + " 1 1\nCOUNT " + most +

@@ -71,12 +71,15 @@ TEST(SharedStores, PointsAreThoseOfTheFileWhereItsNormalsAreNotRead) {
 }
 
 TEST(SharedStores, OneListForVerticesAndTriangleNormalsHasTheVerticesOfTheFile) {
-    const auto header =
-        test::MeshHeader(2, 3000).columns("x y z fa fb fc fnx fny fnz", "8 8 8 4 4 4 8 8 8");
-    test::MeshLists mesh;
-    ZyrVector3dArray& both = mesh.vertices;
-    mesh.triangleNormals = both;
-    ASSERT_TRUE(mesh.load(test::meshFile(header, Bytes(2 * 24 + 3000 * 36))));
-    EXPECT_EQ(mesh.triangleNormals.Data(), both.Data());
-    EXPECT_EQ(test::bits(both), test::bits(test::vectors({0, 0, 0, 0, 0, 0})));
+    for (const std::size_t numVertices : {2, 1024, 1500}) {
+        const auto header = test::MeshHeader(long(numVertices), 3000)
+                                .columns("x y z fa fb fc fnx fny fnz", "8 8 8 4 4 4 8 8 8");
+        test::MeshLists mesh;
+        ZyrVector3dArray& both = mesh.vertices;
+        mesh.triangleNormals = both;
+        ASSERT_TRUE(mesh.load(test::meshFile(header, Bytes(numVertices * 24 + 3000 * 36))));
+        EXPECT_EQ(mesh.triangleNormals.Data(), both.Data());
+        const std::vector<double> origins(3 * numVertices);
+        EXPECT_EQ(test::bits(both), test::bits(test::vectors(origins))) << numVertices;
+    }
 }

@@ -5,13 +5,17 @@
 #include <opencv2/core.hpp>
 #include <random>
 
+#include "support/Sanitizer.h"
 #include "support/TransformValues.h"
 
 /// Every operation beside cv::Mat's, bit for bit, signed zeros included: a million pairs of each
-/// size over six families.
+/// size over six families in what ships.
 namespace {
 
-constexpr int kCasesPerFamily = 170000;
+/// The sanitizers, which make all of it take minutes, see every line in fewer.
+int casesPerFamily() {
+    return test::hasSanitizer() ? 5000 : 170000;
+}
 
 using Random = std::mt19937_64;
 using Fill = void (*)(Random&, double*, int);
@@ -103,7 +107,7 @@ public:
     void expectAgreement(Agree agree) {
         Random random(static_cast<unsigned>(20 + GetParam()));
         int differing = 0;
-        for (int i = 0; i < kCasesPerFamily; ++i) {
+        for (int i = 0; i < casesPerFamily(); ++i) {
             Pair<Matrix> pair(kFamilies[GetParam()], random);
             differing += agree(pair) ? 0 : 1;
         }
