@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <opencv2/imgcodecs.hpp>
 
@@ -34,23 +35,28 @@ test::Faults passing(std::size_t n) {
     return {100, test::kNever, test::kNever, false, n};
 }
 
-/// What use tells where so many descriptors are to spare; "" where that is nothing.
+/// What use tells under a limit; "" where that is nothing.
 template <class Use>
-std::string troubleWithDescriptors(rlim_t spare, const Use& use) {
-    const int next = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    close(next);
+std::string troubleUnder(__rlimit_resource limit, rlim_t most, const Use& use) {
     rlimit before{};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit few{static_cast<rlim_t>(next) + spare, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &few);
+    getrlimit(limit, &before);
+    const rlimit few{most, before.rlim_max};
+    setrlimit(limit, &few);
     std::string told;
     try {
         use();
     } catch (const zyr::FileTrouble& trouble) {
         told = trouble.what();
     }
-    setrlimit(RLIMIT_NOFILE, &before);
+    setrlimit(limit, &before);
     return told;
+}
+
+/// The first descriptor that is free.
+rlim_t nextDescriptor() {
+    const int next = open("/dev/null", O_RDONLY | O_CLOEXEC);
+    close(next);
+    return static_cast<rlim_t>(next);
 }
 
 class DiskFaults : public testing::Test {
@@ -141,11 +147,21 @@ TEST_F(DiskFaults, ReadBackThatFailsIsToldWithItsCauseAndTheFilesOwnName) {
     }
 }
 
+// The bytes are kept in what counts as a file.
+TEST_F(DiskFaults, LimitOfTheSizeOfFilesIsToldWhereItKeepsAFileFromBeingRead) {
+    const std::string cloud = folder_.path("a.zpt");
+    test::hillCloud().Save(cloud.c_str(), true, true);
+    std::signal(SIGXFSZ, SIG_IGN);
+    EXPECT_EQ(troubleUnder(RLIMIT_FSIZE, 100, [&] { zyr::readScene(cloud); }),
+              cloud + ": cannot be kept in memory: File too large");
+    std::signal(SIGXFSZ, SIG_DFL);
+}
+
 TEST_F(DiskFaults, WantOfDescriptorsIsToldAsTheCause) {
     const std::string cloud = folder_.path("a.zpt"), target = folder_.path("b.zpt");
     test::hillCloud().Save(cloud.c_str(), true, true);
     const auto expectWant = [&](rlim_t spare, const std::string& path, const auto& use) {
-        const std::string told = troubleWithDescriptors(spare, use);
+        const std::string told = troubleUnder(RLIMIT_NOFILE, nextDescriptor() + spare, use);
         EXPECT_EQ(told.rfind(path + ": ", 0), 0u) << told << spare;
         EXPECT_NE(told.find(": Too many open files"), std::string::npos) << told << spare;
         EXPECT_EQ(filesHere(), 1) << spare;
