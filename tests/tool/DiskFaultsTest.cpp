@@ -37,7 +37,7 @@ test::Faults passing(std::size_t n) {
 
 /// What use tells under a limit; "" where that is nothing.
 template <class Use>
-std::string troubleUnder(__rlimit_resource limit, rlim_t most, const Use& use) {
+std::string troubleUnder(decltype(RLIMIT_NOFILE) limit, rlim_t most, const Use& use) {
     rlimit before{};
     getrlimit(limit, &before);
     const rlimit few{most, before.rlim_max};
@@ -145,6 +145,15 @@ TEST_F(DiskFaults, ReadBackThatFailsIsToldWithItsCauseAndTheFilesOwnName) {
         EXPECT_EQ(test::troubleOfWriting(path), path + ": Input/output error");
         EXPECT_EQ(filesHere(), 0) << name;
     }
+}
+
+TEST_F(DiskFaults, FileWithoutHeaderIsRefusedBeforeItIsReadWhole) {
+    const std::string cloud = folder_.path("a.zpt");
+    test::writeFile(cloud, {});
+    fs::resize_file(cloud, 3 << 20);
+    const test::FaultyFiles faulty({});
+    EXPECT_THROW(zyr::readScene(cloud), zyr::FileTrouble);
+    EXPECT_LE(test::FaultyFiles::bytesRead(), 5U << 18);
 }
 
 // The bytes are kept in what counts as a file.

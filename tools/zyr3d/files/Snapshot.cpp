@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "Outcome.h"
+#include "files/HeaderScan.h"
 #include "files/RegularFile.h"
 
 namespace zyr {
@@ -18,7 +19,10 @@ Snapshot::Snapshot() : file_(memfd_create("zyr3d", MFD_CLOEXEC)) {}
 Snapshot::Snapshot(const std::string& path) : Snapshot() {
     path_ = path;
     if (file_ < 0) fail();
-    readPieces(path, [this](std::string_view piece) { append(piece); });
+    readPieces(path, [this](std::string_view piece) {
+        append(piece);
+        if (size_ == kMostHeader) scanHeader(path_, bytes(0, kMostHeader));
+    });
 }
 
 Snapshot::~Snapshot() {

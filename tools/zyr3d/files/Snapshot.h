@@ -7,8 +7,9 @@
 
 namespace zyr {
 
-/// The bytes of a regular file as one reading gave them, kept in memory. For the library, which
-/// takes paths, and a read that fails for the end of the file. Throws FileTrouble.
+/// The bytes of a point-cloud or mesh file as one reading gave them, kept in memory. For the
+/// library, which takes paths, and a read that fails for the end of the file. Throws FileTrouble,
+/// also, before much is kept, for files whose header is none.
 class Snapshot {
 public:
     explicit Snapshot(const std::string& path);
