@@ -93,6 +93,8 @@ Preamble readPreamble(std::FILE* file, std::size_t channelWords) {
     // The last word, the body's size, is not consulted: the columns tell it.
     preamble.isCut = read < number;
     if (!preamble.isCut) preamble.streamSize = words[channelWords];
+    // Behind a read that failed the file is over, even if the disk would answer again.
+    if (preamble.isCut) fseeko(file, 0, SEEK_END);
     return preamble;
 }
 

@@ -57,6 +57,7 @@ std::vector<test::NamedBytes> knownBlocks() {
         const Bytes fresh = test::noiseColumn(700 + count);
         returning.insert(returning.end(), fresh.end() - 24, fresh.end());
         returning.back() = noise[first - 1];
+        returning[returning.size() - 2] = static_cast<unsigned char>(~noise[first - 2]);
         returning.insert(returning.end(), &noise[first], &noise[first + 8 * count]);
     }
     blocks.emplace_back("returning", returning);
@@ -158,7 +159,7 @@ TEST(LzfSizes, OfKnownBlocksAreTheKnownOnes) {
         {"far back", {10863, 14083, 13137, 11164, 11140, 11036}},
         {"behind noise", {132000, 107968, 113583, 107062, 114783, 105390}},
         {"flat", {7874, 7891, 7891, 7876, 7863, 7873}},
-        {"returning", {5258, 5242, 5257, 5287, 5268, 5288}},
+        {"returning", {5278, 5262, 5277, 5307, 5293, 5308}},
     };
     std::size_t next = 0;
     for (const auto& [name, block] : knownBlocks()) {
