@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <cstring>
 
 #include "support/Guards.h"
 
@@ -21,15 +22,15 @@ int descriptorOf(void* cookie) {
     return static_cast<int>(reinterpret_cast<std::intptr_t>(cookie));
 }
 
-bool fails(int error) {
-    const bool isFailure = numCalls >= faults.failAt || numCalls == faults.failOnly;
+bool fails(int error, bool isAnyway) {
+    const bool isFailure = isAnyway || numCalls >= faults.failAt || numCalls == faults.failOnly;
     ++numCalls;
     if (isFailure) errno = error;
     return isFailure;
 }
 
 ssize_t readSome(void* cookie, char* bytes, std::size_t size) {
-    if (fails(EIO)) return -1;
+    if (fails(EIO, faults.failsReads)) return -1;
     const ssize_t got = read(descriptorOf(cookie), bytes, std::min(size, faults.step));
     const off64_t here = lseek64(descriptorOf(cookie), 0, SEEK_CUR);
     farthest = std::max(farthest, static_cast<std::size_t>(here));
@@ -40,7 +41,7 @@ ssize_t readSome(void* cookie, char* bytes, std::size_t size) {
 ssize_t writeSome(void* cookie, const char* bytes, std::size_t size) {
     for (std::size_t done = 0; done < size;) {
         if (numCalls == faults.killAt) raise(SIGKILL);
-        if (fails(ENOSPC)) return 0;
+        if (fails(ENOSPC, false)) return 0;
         const std::size_t step = std::min(size - done, faults.step);
         if (write(descriptorOf(cookie), bytes + done, step) != static_cast<ssize_t>(step)) return 0;
         done += step;
@@ -61,10 +62,16 @@ int closeIt(void* cookie) {
     return faults.failsClose ? EOF : result;
 }
 
+/// By way of a descriptor: such bytes are on no disk.
+bool isInMemory(const char* path) {
+    return std::strncmp(path, "/proc/self/fd/", 14) == 0;
+}
+
 std::FILE* openFaulty(const char* path, const char* mode) {
     const int flags = mode[0] == 'r' ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
     const int descriptor = open(path, flags | O_CLOEXEC, 0666);
     if (descriptor < 0) return nullptr;
+    if (isInMemory(path)) return fdopen(descriptor, mode);
     ++numOpen;
     void* cookie = reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor));
     return fopencookie(cookie, mode, {readSome, writeSome, seekTo, closeIt});

@@ -19,6 +19,8 @@ struct Faults {
     bool failsClose = false;
     /// The read or write, from 0, that fails alone.
     std::size_t failOnly = kNever;
+    /// All reads fail, and writes as said above.
+    bool failsReads = false;
 };
 
 /// While it lives, files are opened with the faults.

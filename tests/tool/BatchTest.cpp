@@ -55,17 +55,31 @@ TEST_F(BatchOfFiles, ManyMoreFilesThanDescriptorsAreFine) {
     EXPECT_EQ(run("diff 0.zrt 2.zrt", "ulimit -n 20").exitCode, 0);
 }
 
+// Three are standard streams, and one is the file's that is written.
+TEST_F(BatchOfFiles, WantOfDescriptorsIsToldWithTheFile) {
+    test::writeText(path("in.xyz"), "1 2 3\n");
+    cv::imwrite(path("in.png"), cv::Mat(8, 8, CV_16UC1, cv::Scalar(7)));
+    const std::string why = ": cannot be written: Too many open files";
+    expectTrouble(runInShell("(ulimit -n 4; exec $zyr3d convert in.xyz o.zpt)"), 3, "o.zpt" + why);
+    expectTrouble(runInShell("(ulimit -n 4; exec $zyr3d demo in.png)"), 3, "demo.zpt" + why);
+}
+
 TEST_F(BatchOfFiles, FullOutputIsOneLineAndFileTrouble) {
     makeFiles(2);
-    for (const std::string command : {"info 0.zrt 1.zrt", "check 0.zrt 1.zrt", "diff 0.zrt 1.zrt",
-                                      "--help", "--version", "info --help"})
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("0.zpt"));
+    for (const std::string command :
+         {"info 0.zrt 1.zrt", "check 0.zrt 1.zrt", "diff 0.zrt 1.zrt", "convert 0.zrt o.npy",
+          "demo 0.zpt", "--help", "--version", "info --help"})
         expectTrouble(runInShell("$zyr3d " + command + " >/dev/full"), 3,
                       "standard output: No space left on device");
 }
 
 TEST_F(BatchOfFiles, ClosedOutputIsFileTrouble) {
     makeFiles(1);
-    expectTrouble(runInShell("$zyr3d info 0.zrt >&-"), 3, "standard output: Bad file descriptor");
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("0.zpt"));
+    for (const std::string command : {"info 0.zrt", "convert 0.zrt o.npy", "demo 0.zpt"})
+        expectTrouble(runInShell("$zyr3d " + command + " >&-"), 3,
+                      "standard output: Bad file descriptor");
 }
 
 TEST_F(BatchOfFiles, ReaderThatGoesAwayEndsTheWorkQuietly) {
@@ -84,6 +98,8 @@ TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
     for (const char* command : {"info", "check", "diff type0.zrt"})
         expectTrouble(run(std::string(command) + " big.zrt", make + "; ulimit -v 800000"), 3,
                       "out of memory");
+    for (const char* command : {"convert big.zrt o.npy", "render big.zrt o.png"})
+        expectTrouble(run(command, make + "; ulimit -v 800000"), 3, "big.zrt: needs more memory");
     EXPECT_EQ(run("info --json big.zrt", make + "; ulimit -v 800000").out,
               "{\"file\":\"big.zrt\",\"error\":\"big.zrt: out of memory\"}\n");
 }

@@ -1,8 +1,4 @@
-#include <clocale>
-
 #include "ConvertCommand.h"
-#include "support/Sanitizer.h"
-#include "support/ScopedVariable.h"
 
 namespace {
 
@@ -168,55 +164,6 @@ TEST_F(ConvertTrouble, TrianglesOfMeshFilesAreHeldAgainstTheVertices) {
                                Zyr3DIntArray(corners, 3));
     ASSERT_TRUE(mesh.Save(path("in.ztmt").c_str(), true, true));
     expectTrouble(run("convert in.ztmt a.ply"), 3, "names a vertex that is not there");
-}
-
-/// Under a locale with decimal commas and thousands' dots, which the test compiles for itself.
-class ConvertUnderLocale : public test::ConvertCommand {
-protected:
-    void SetUp() override {
-        ConvertCommand::SetUp();
-        if (test::hasSanitizer())
-            GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
-        const std::string make =
-            "localedef -i de_DE -f UTF-8 '" + path(kName) + "' >/dev/null 2>&1";
-        if (std::system(make.c_str()) != 0 || std::setlocale(LC_ALL, kName) == nullptr)
-            GTEST_SKIP() << "no " << kName << "; Debian's package locales has it";
-        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
-        std::setlocale(LC_ALL, "C");
-        test::writeText(path("in.csv"), "x,y,z\n0.5,-1234567.25,1e-310\n2,3,4.75\n");
-    }
-    void TearDown() override {
-        std::setlocale(LC_ALL, "C");
-        ConvertCommand::TearDown();
-    }
-
-    /// Here and by the program; the options are the same for all outputs.
-    void convertUnderLocale(const std::string& in, const std::string& out) const {
-        std::setlocale(LC_ALL, kName);
-        say(in + " here." + out + " --ascii --double");
-        std::setlocale(LC_ALL, "C");
-        EXPECT_EQ(run("convert " + in + " run." + out + " --ascii --double",
-                      std::string("export LC_ALL=") + kName)
-                      .exitCode,
-                  0);
-    }
-
-    static constexpr const char* kName = "de_DE.UTF-8";
-    const test::ScopedVariable folder_{"LOCPATH", path("").c_str()};
-};
-
-TEST_F(ConvertUnderLocale, TextHasTheSameBytesAndReadsAsTheSameNumbers) {
-    for (const std::string suffix : {"csv", "xyz", "obj", "ply", "pcd"}) {
-        say("in.csv plain." + suffix + " --ascii --double");
-        const std::string plain = test::readText(path("plain." + suffix));
-        EXPECT_TRUE(isThere(plain, "-1234567.25")) << plain;
-        convertUnderLocale("in.csv", suffix);
-        convertUnderLocale("plain." + suffix, "back.csv");
-        for (const std::string who : {"here.", "run."}) {
-            EXPECT_EQ(test::readText(path(who + suffix)), plain);
-            EXPECT_EQ(test::readText(path(who + "back.csv")), test::readText(path("in.csv")));
-        }
-    }
 }
 
 TEST_F(ConvertTrouble, HelpIsGood) {

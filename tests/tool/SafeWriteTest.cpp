@@ -2,23 +2,23 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <opencv2/imgcodecs.hpp>
 
 #include "Outcome.h"
-#include "RenderData.h"
-#include "Scenes.h"
-#include "diff/Side.h"
+#include "WrittenScenes.h"
 #include "faults/FaultyFile.h"
 #include "files/SafeFile.h"
 #include "formats/Format.h"
-#include "info/Description.h"
+#include "support/Bytes.h"
 #include "support/TempFolder.h"
 
 namespace {
 
 int numSyncs = 0;
+int failingSync = -1;
+int syncError = EIO;
 
 }  // namespace
 
@@ -27,8 +27,9 @@ extern "C" {
 int __real_fsync(int file);
 
 int __wrap_fsync(int file) {
-    ++numSyncs;
-    return __real_fsync(file);
+    if (numSyncs++ != failingSync) return __real_fsync(file);
+    errno = syncError;
+    return -1;
 }
 }
 
@@ -40,43 +41,9 @@ using zyr::Scene;
 /// What becomes of the files that are written, and of those that were there.
 class SafeWrite : public testing::Test {
 protected:
-    /// Every read from some read on fails: whichever it is, the file's name and the cause are told.
-    static void expectTroubleAtAnyRead(const std::string& path, void (*read)(const std::string&)) {
-        std::size_t n = 0;
-        for (bool isReached = true; isReached; ++n) {
-            std::string why;
-            const test::FaultyFiles faulty({512, n});
-            try {
-                read(path);
-            } catch (const zyr::FileTrouble& trouble) {
-                why = trouble.what();
-            }
-            isReached = test::FaultyFiles::calls() > n;
-            EXPECT_EQ(why, isReached ? path + ": Input/output error" : "") << n;
-        }
-        EXPECT_GT(n, 5U) << path;
-    }
-
-    static Scene point() {
-        Scene scene;
-        ZyrVector3dArray points;
-        points.Append(ZyrVector3d(1, 2, 3));
-        scene.cloud.SetPoints(points);
-        return scene;
-    }
-
-    /// Of the kind of the path's suffix.
-    static Scene sceneFor(const std::string& path) {
-        Scene scene = point();
-        if (fs::path(path).extension() == ".zpt") return scene;
-        scene.kind = fs::path(path).extension() == ".zrt" ? Scene::Range : Scene::Mesh;
-        scene.range = test::hillImage();
-        return scene;
-    }
-
     /// Writes in a process that is killed at the n-th write of the library's; gives its status.
     static int endOfWriter(const std::string& path, std::size_t n) {
-        const Scene scene = sceneFor(path);
+        const Scene scene = test::sceneFor(path);
         const pid_t writer = fork();
         if (writer == 0) {
             test::Faults faults;
@@ -114,7 +81,7 @@ TEST_F(SafeWrite, NewFileKeepsTheRightsOfTheOldOne) {
     const std::string path = folder_.path("old.xyz");
     test::writeFile(path, {});
     fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
-    zyr::writeScene(point(), path, {});
+    zyr::writeScene(test::pointScene(), path, {});
     EXPECT_EQ(fs::status(path).permissions(),
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
 }
@@ -122,7 +89,7 @@ TEST_F(SafeWrite, NewFileKeepsTheRightsOfTheOldOne) {
 // To read the mask is to set it, which the files of other threads would feel.
 TEST_F(SafeWrite, NewFileHasTheRightsThatTheMaskLeftAtTheStart) {
     const mode_t mask = umask(077);
-    zyr::writeScene(point(), folder_.path("new.xyz"), {});
+    zyr::writeScene(test::pointScene(), folder_.path("new.xyz"), {});
     EXPECT_EQ(umask(mask), static_cast<mode_t>(077));
     EXPECT_EQ(static_cast<mode_t>(fs::status(folder_.path("new.xyz")).permissions()), 0666 & ~mask);
 }
@@ -131,41 +98,74 @@ TEST_F(SafeWrite, LinkStaysALink) {
     const std::string link = folder_.path("link.xyz"), target = folder_.path("target.xyz");
     test::writeFile(target, {});
     fs::create_symlink(target, link);
-    zyr::writeScene(point(), link, {});
+    zyr::writeScene(test::pointScene(), link, {});
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_GT(fs::file_size(target), 0u);
 }
 
 TEST_F(SafeWrite, WhatIsNoFileIsNotReplaced) {
     fs::create_directory(folder_.path("dir.xyz"));
-    EXPECT_THROW(zyr::writeScene(point(), folder_.path("dir.xyz"), {}), zyr::FileTrouble);
-    EXPECT_THROW(zyr::writeScene(point(), folder_.path("none/a.xyz"), {}), zyr::FileTrouble);
-}
-
-TEST_F(SafeWrite, ReadThatFailsAnywhereIsFileTrouble) {
-    const std::string cloud = folder_.path("a.zpt"), mesh = folder_.path("a.ztmt"),
-                      range = folder_.path("a.zrt"), picture = folder_.path("a.png");
-    test::hillCloud().Save(cloud.c_str(), true, true);
-    test::blockMesh().Save(mesh.c_str(), true, true);
-    test::hillImage().Save(range.c_str(), true);
-    cv::Mat noise(40, 40, CV_8UC3);
-    cv::randu(noise, 0, 256);
-    cv::imwrite(picture, noise);
-    for (const std::string& path : {cloud, mesh, range, picture}) {
-        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::readScene(p); });
-        expectTroubleAtAnyRead(path, [](const std::string& p) { zyr::loadSide(p); });
-    }
-    expectTroubleAtAnyRead(cloud, [](const std::string& p) { zyr::describeCloudFile(p); });
-    expectTroubleAtAnyRead(mesh, [](const std::string& p) { zyr::describeMeshFile(p); });
-    expectTroubleAtAnyRead(picture, [](const std::string& p) { zyr::describePictureFile(p); });
+    EXPECT_THROW(zyr::writeScene(test::pointScene(), folder_.path("dir.xyz"), {}),
+                 zyr::FileTrouble);
+    EXPECT_THROW(zyr::writeScene(test::pointScene(), folder_.path("none/a.xyz"), {}),
+                 zyr::FileTrouble);
 }
 
 // Once the file and once its folder.
 TEST_F(SafeWrite, FileAndFolderAreBroughtToTheDisk) {
     for (const char* name : {"a.zpt", "a.xyz"}) {
         numSyncs = 0;
-        zyr::writeScene(point(), folder_.path(name), {});
+        zyr::writeScene(test::pointScene(), folder_.path(name), {});
         EXPECT_EQ(numSyncs, 2) << name;
+    }
+}
+
+TEST_F(SafeWrite, WhatDoesNotGetToTheDiskDoesNotReplaceTheOldFile) {
+    const std::string path = folder_.path("old.xyz");
+    test::writeFile(path, test::toBytes("precious"));
+    numSyncs = failingSync = 0;
+    EXPECT_EQ(test::troubleOfWriting(path), path + ": cannot be written: Input/output error");
+    failingSync = -1;
+    EXPECT_EQ(test::readFile(path), test::toBytes("precious"));
+    EXPECT_EQ(filesHere(), 1);
+}
+
+TEST_F(SafeWrite, FileOfAnotherSizeThanWasWrittenDoesNotReplaceTheOldOne) {
+    const std::string path = folder_.path("old.xyz");
+    test::writeFile(path, test::toBytes("precious"));
+    zyr::SafeFile file(path);
+    file.put(std::string(1 << 20, 'x'));  // written at once
+    ASSERT_EQ(truncate(file.temporary().c_str(), 7), 0);
+    EXPECT_THROW(file.finish(), zyr::FileTrouble);
+    EXPECT_EQ(test::readFile(path), test::toBytes("precious"));
+}
+
+TEST_F(SafeWrite, NameThatCannotBeTakenIsTrouble) {
+    zyr::SafeFile file(folder_.path("late.xyz"));
+    fs::create_directory(folder_.path("late.xyz"));
+    EXPECT_THROW(file.commit(), zyr::FileTrouble);
+}
+
+TEST_F(SafeWrite, FolderThatDoesNotGetToTheDiskIsTrouble) {
+    const std::string path = folder_.path("a.xyz");
+    numSyncs = 0;
+    failingSync = 1;
+    const std::string told = test::troubleOfWriting(path);
+    failingSync = -1;
+    EXPECT_EQ(told, path +
+                        ": has its name, but its folder cannot be brought to the disk: "
+                        "Input/output error");
+    EXPECT_TRUE(test::fileExists(path));
+}
+
+TEST_F(SafeWrite, FileSystemThatBringsNoFoldersToTheDiskIsFine) {
+    for (const int error : {EINVAL, ENOTSUP}) {
+        numSyncs = 0;
+        failingSync = 1;
+        syncError = error;
+        EXPECT_EQ(test::troubleOfWriting(folder_.path("a.xyz")), "");
+        failingSync = -1;
+        syncError = EIO;
     }
 }
 

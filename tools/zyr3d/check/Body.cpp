@@ -7,7 +7,6 @@
 
 #include "Outcome.h"
 #include "files/LzfStream.h"
-#include "files/RegularFile.h"
 
 namespace zyr {
 namespace {
@@ -37,8 +36,9 @@ std::string ofBytes(std::uint64_t part, std::uint64_t whole) {
 
 }  // namespace
 
-Body Body::ofCloud(const std::string& path, const CloudHeader& header) {
-    Body body(path, header);
+Body Body::ofCloud(const std::string& path, const CloudHeader& header,
+                   const std::vector<unsigned char>& file) {
+    Body body(path, header, file);
     body.isCompressed_ = header.body == "binary_compressed";
     if (body.isCompressed_) {
         body.layColumns(false);
@@ -50,17 +50,17 @@ Body Body::ofCloud(const std::string& path, const CloudHeader& header) {
     return body;
 }
 
-Body Body::ofMesh(const std::string& path, const CloudHeader& header) {
-    Body body(path, header);
+Body Body::ofMesh(const std::string& path, const CloudHeader& header,
+                  const std::vector<unsigned char>& file) {
+    Body body(path, header, file);
     body.layColumns(true);
     body.readStream(2);
     return body;
 }
 
-Body::Body(const std::string& path, const CloudHeader& header)
-    : path_(path), header_(header), file_(readWhole(path)) {
-    if (file_.size() < header.bodyStart) throw FileTrouble(path + ": changed while it was read");
-}
+Body::Body(const std::string& path, const CloudHeader& header,
+           const std::vector<unsigned char>& file)
+    : path_(path), header_(header), file_(file) {}
 
 void Body::layRecords() {
     std::uint64_t record = 0;

@@ -8,12 +8,15 @@
 
 namespace zyr {
 
-/// The values of a point-cloud or mesh file whose header was checked, field by field.
+/// The values of a point-cloud or mesh file whose header was checked, field by field. The file's
+/// bytes are its user's.
 class Body {
 public:
     /// Checks sizes, preamble and stream. Throws FileTrouble or Fault.
-    static Body ofCloud(const std::string& path, const CloudHeader& header);
-    static Body ofMesh(const std::string& path, const CloudHeader& header);
+    static Body ofCloud(const std::string& path, const CloudHeader& header,
+                        const std::vector<unsigned char>& file);
+    static Body ofMesh(const std::string& path, const CloudHeader& header,
+                       const std::vector<unsigned char>& file);
 
     /// The field's number; throws nothing for a field that is not there: -1.
     int field(const char* name) const;
@@ -33,7 +36,8 @@ private:
         std::int64_t size;
     };
 
-    Body(const std::string& path, const CloudHeader& header);
+    Body(const std::string& path, const CloudHeader& header,
+         const std::vector<unsigned char>& file);
     void layRecords();
     void layColumns(bool isMesh);
     void readRecords();
@@ -46,7 +50,8 @@ private:
 
     std::string path_;
     CloudHeader header_;
-    std::vector<unsigned char> file_, columns_;
+    const std::vector<unsigned char>& file_;
+    std::vector<unsigned char> columns_;
     std::vector<Column> layout_;
     std::uint64_t size_ = 0, streamStart_ = 0;
     bool isCompressed_ = true;

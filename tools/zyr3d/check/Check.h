@@ -31,7 +31,7 @@ Checked checkFile(const std::string& path);
 std::string holesText(std::uint64_t holes, std::uint64_t whole);
 
 /// Throws Fault with the reason why the library refused a point-cloud or mesh file, or FileTrouble
-/// where that was for want of memory.
-[[noreturn]] void explainRefusal(const std::string& path);
+/// where that was for this error of the system's, or, if it is 0, for want of memory.
+[[noreturn]] void explainRefusal(const std::string& path, int error);
 
 }  // namespace zyr

@@ -81,9 +81,10 @@ private:
 }  // namespace
 
 Checked checkCloudFile(const std::string& path) {
-    const CloudHeader header = scanHeader(path);
+    const std::vector<unsigned char> bytes = readWhole(path);
+    const CloudHeader header = scanHeader(path, bytes);
     checkCloudHeader(path, header);
-    const Body body = Body::ofCloud(path, header);
+    const Body body = Body::ofCloud(path, header, bytes);
     const Elements elements(path, header, body);
     const auto points = static_cast<std::uint64_t>(header.points);
     elements.checkColors("rgb", 0, points);
@@ -104,9 +105,10 @@ Checked checkCloudFile(const std::string& path) {
 }
 
 Checked checkMeshFile(const std::string& path) {
-    const CloudHeader header = scanHeader(path);
+    const std::vector<unsigned char> bytes = readWhole(path);
+    const CloudHeader header = scanHeader(path, bytes);
     checkMeshHeader(path, header);
-    const Body body = Body::ofMesh(path, header);
+    const Body body = Body::ofMesh(path, header, bytes);
     const Elements elements(path, header, body);
     const auto vertices = static_cast<std::uint64_t>(header.points);
     const auto triangles = static_cast<std::uint64_t>(header.faces);

@@ -1,3 +1,6 @@
+#include <cerrno>
+#include <cstring>
+
 #include "Outcome.h"
 #include "Table.h"
 #include "Zyr3DInner.h"
@@ -70,14 +73,15 @@ std::string holesText(std::uint64_t holes, std::uint64_t whole) {
     return holes > 0 ? text + " (" + percent(holes, whole) + ")" : text;
 }
 
-void explainRefusal(const std::string& path) {
+void explainRefusal(const std::string& path, int error) {
     try {
         checkFile(path);
     } catch (const Fault& fault) {
         if (!fault.offset) throw;
         throw Fault(path, *fault.offset, fault.why);
     }
-    throw FileTrouble(path + ": out of memory");
+    const bool isMemory = error == 0 || error == ENOMEM;
+    throw FileTrouble(path + ": " + (isMemory ? "out of memory" : std::strerror(error)));
 }
 
 }  // namespace zyr

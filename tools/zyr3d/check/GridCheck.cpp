@@ -68,8 +68,9 @@ Checked checkRangeFile(const std::string& path) {
 }
 
 Checked checkPictureFile(const std::string& path) {
-    const cv::Mat picture = readImage(path);
-    if (const auto fault = scanPicture(readWhole(path))) throw Fault(path, fault->at, fault->why);
+    const ImageFile file = loadImageFile(path);
+    const cv::Mat& picture = file.image;
+    if (const auto fault = scanPicture(file.bytes)) throw Fault(path, fault->at, fault->why);
     if (picture.channels() == 1) return checkedGrid("picture", picture);
     Checked checked;
     checked.facts.word("kind", "picture");

@@ -7,20 +7,35 @@
 
 namespace zyr {
 
-bool isTorn(const std::string& path) try {
+namespace {
+
+/// Throws FileTrouble unless the file has its end, whatever of it can be loaded.
+void requireWhole(const std::string& path) {
+    const std::string cut = path + ": cut short";
     switch (fileKind(path)) {
         case FileKind::Cloud:
-            return scanCloudFile(path).isCut();
+            if (scanCloudFile(Snapshot(path)).isCut()) throw FileTrouble(cut);
+            break;
         case FileKind::Mesh:
-            return scanMeshFile(path).isCut();
+            if (scanMeshFile(Snapshot(path)).isCut()) throw FileTrouble(cut);
+            break;
         case FileKind::Picture:
-            return scanPicture(readWhole(path)).has_value();
+            if (scanPicture(readWhole(path))) throw FileTrouble(cut);
+            break;
         default:
             loadRangeFile(path);
-            return false;
     }
-} catch (const Fault&) {
-    return true;
+}
+
+}  // namespace
+
+void checkWritten(bool isSaved, int error, SafeFile& file) {
+    if (!isSaved) file.failWritten(error, "cannot be written");
+    try {
+        requireWhole(file.temporary());
+    } catch (const FileTrouble& trouble) {
+        file.failWritten(error, trouble.what());
+    }
 }
 
 }  // namespace zyr

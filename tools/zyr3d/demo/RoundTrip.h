@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
 #include <string>
@@ -28,8 +29,9 @@ struct RoundTrip {
     std::string differing;          ///< what came back differently, "" for nothing
 };
 
-/// Whether a file that was just written lacks its end, whatever of it can be loaded.
-bool isTorn(const std::string& path);
+/// Throws FileTrouble unless the file was saved, by its temporary name, and is whole; the error is
+/// what the saving left behind.
+void checkWritten(bool isSaved, int error, SafeFile& file);
 
 /// Runs save(path) and load(path), which tell whether they succeeded, and then compare(), which
 /// tells what differs. Finishes the file. Throws FileTrouble when it can't be written.
@@ -39,14 +41,16 @@ RoundTrip roundTrip(SafeFile& file, const Save& save, const Load& load, const Co
     trip.path = file.path();
     const char* path = file.temporary().c_str();
     bool isSaved = false, isLoaded = false;
+    errno = 0;
     trip.save = timed([&] { isSaved = save(path); });
-    if (!isSaved || isTorn(path)) {
-        file.requireRoom();
-        throw FileTrouble(trip.path + ": cannot be written");
-    }
+    const int saveError = errno;
+    checkWritten(isSaved, saveError, file);
+    errno = 0;
     trip.load = timed([&] { isLoaded = load(path); });
+    const int loadError = errno;
     trip.differing = isLoaded ? compare() : "file as a whole";
-    if (!trip.differing.empty()) file.requireRoom();
+    const bool isReadFault = saveError == 0 && !isLoaded;
+    if (!trip.differing.empty()) file.requireWritten(isReadFault ? loadError : saveError);
     file.finish();
     trip.bytes = fileSize(path);
     return trip;

@@ -9,7 +9,7 @@
 #include "files/CloudFile.h"
 #include "files/FileKind.h"
 #include "files/ImageFile.h"
-#include "files/Loading.h"
+#include "files/MeshFile.h"
 #include "files/RangeFile.h"
 #include "files/ValueType.h"
 #include "formats/Scene.h"
@@ -126,8 +126,9 @@ Side loadCloud(const std::string& path) {
 }
 
 Side loadMesh(const std::string& path) {
-    requireWhole(path, scanMeshFile(path));
-    return meshSide(loadScanned<ZyrTriangleMesh>(path));
+    const MeshFile file = loadMeshFile(path);
+    requireWhole(path, file.disk);
+    return meshSide(file.mesh);
 }
 
 Side loadForeign(const std::string& path) {

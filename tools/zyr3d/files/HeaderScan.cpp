@@ -5,21 +5,20 @@
 #include <limits>
 
 #include "Outcome.h"
-#include "files/RegularFile.h"
 
 namespace zyr {
 namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::size_t kMaxHeader = 1 << 20;
 constexpr std::size_t kMaxWord = 32;
 constexpr std::size_t kMaxWords = 61;
 
 /// Takes a header apart line by line, with the limits that the library's reader has.
 class Scanner {
 public:
-    explicit Scanner(const std::string& path) : path_(path), bytes_(readStart(path, kMaxHeader)) {}
+    Scanner(const std::string& path, const std::vector<unsigned char>& bytes)
+        : path_(path), bytes_(bytes), end_(std::min(bytes.size(), kMostHeader)) {}
 
     CloudHeader scan() {
         Words words;
@@ -49,7 +48,7 @@ private:
         start_ = at_;
         words.assign(1, "");
         bool isComment = false;
-        for (; at_ < bytes_.size(); ++at_) {
+        for (; at_ < end_; ++at_) {
             const char c = static_cast<char>(bytes_[at_]);
             if (c == '\n' || c == '\0') {
                 ++at_;
@@ -112,8 +111,8 @@ private:
     }
 
     const std::string& path_;
-    std::vector<unsigned char> bytes_;
-    std::size_t at_ = 0, start_ = 0;  ///< start_ is the line's
+    const std::vector<unsigned char>& bytes_;
+    std::size_t end_, at_ = 0, start_ = 0;  ///< start_ is the line's
     int line_ = 0;
     CloudHeader header_;
 };
@@ -131,8 +130,8 @@ std::uint64_t CloudHeader::recordSize() const {
     return bytes;
 }
 
-CloudHeader scanHeader(const std::string& path) {
-    return Scanner(path).scan();
+CloudHeader scanHeader(const std::string& path, const std::vector<unsigned char>& bytes) {
+    return Scanner(path, bytes).scan();
 }
 
 }  // namespace zyr

@@ -27,9 +27,12 @@ struct CloudHeader {
     std::uint64_t recordSize() const;
 };
 
-/// Reads the header of a regular file that may hold anything. The library's reader stops the
-/// process on some malformed headers, so whoever takes files from people scans them first.
-/// Throws FileTrouble, or a Fault that names the line.
-CloudHeader scanHeader(const std::string& path);
+/// A header is read from so many bytes at the most.
+constexpr std::size_t kMostHeader = 1 << 20;
+
+/// Reads the header that a file's bytes start with, which may be anything. The library's reader
+/// stops the process on some malformed headers, so whoever takes files from people scans them
+/// first. Throws a Fault that names the file and the line.
+CloudHeader scanHeader(const std::string& path, const std::vector<unsigned char>& bytes);
 
 }  // namespace zyr

@@ -27,9 +27,9 @@ void checkPixels(const std::string& path, std::uint64_t pixels) {
     if (pixels > kMostPixels) throw FileTrouble(path + ": over 64 megapixels");
 }
 
-cv::Mat decode(const std::vector<unsigned char>& bytes) try {
+cv::Mat decode(const std::vector<unsigned char>& bytes, int flags) try {
     const QuietCodecs quiet;
-    return bytes.empty() ? cv::Mat() : cv::imdecode(bytes, cv::IMREAD_UNCHANGED);
+    return bytes.empty() ? cv::Mat() : cv::imdecode(bytes, flags);
 } catch (const cv::Exception&) {
     return {};
 }
@@ -42,23 +42,23 @@ cv::Mat decode(const std::vector<unsigned char>& bytes) try {
 
 }  // namespace
 
-cv::Mat readImage(const std::string& path) {
-    const std::vector<unsigned char> bytes = readWhole(path);
-    checkPixels(path, pixelsOfPng(bytes));
-    cv::Mat image = decode(bytes);
-    if (image.empty()) failDecoding(path, bytes);
-    checkPixels(path, image.total());
-    return image;
+ImageFile loadImageFile(const std::string& path) {
+    ImageFile file{path, readWhole(path), {}};
+    checkPixels(path, pixelsOfPng(file.bytes));
+    file.image = decode(file.bytes, cv::IMREAD_UNCHANGED);
+    if (file.image.empty()) failDecoding(path, file.bytes);
+    checkPixels(path, file.image.total());
+    return file;
 }
 
-ZyrRangeImage readPictureValues(const std::string& path) {
-    const std::vector<unsigned char> bytes = readWhole(path);
-    checkPixels(path, pixelsOfPng(bytes));
-    const QuietCodecs quiet;
-    ZyrRangeImage image;
-    if (!image.Load(path.c_str(), 1.0, 0.0)) failDecoding(path, bytes);
-    requireReadable(path);
-    return image;
+cv::Mat readImage(const std::string& path) {
+    return loadImageFile(path).image;
+}
+
+cv::Mat greyOf(const ImageFile& file) {
+    cv::Mat grey = decode(file.bytes, cv::IMREAD_ANYDEPTH);
+    if (grey.empty()) failDecoding(file.path, file.bytes);
+    return grey;
 }
 
 void putPng(SafeFile& file, const cv::Mat& picture) {

@@ -1,20 +1,23 @@
 #pragma once
 
-#include <string>
+#include <cerrno>
+#include <opencv2/core.hpp>
 
+#include "ZyrColorArray.h"
 #include "check/Check.h"
-#include "files/RegularFile.h"
+#include "files/Snapshot.h"
 
 namespace zyr {
 
-/// Loads a cloud or mesh from a file that was scanned. A disk that fails in between is noticed
-/// afterwards: what could not be read is in no cache. Throws FileTrouble.
-template <class Container>
-Container loadScanned(const std::string& path) {
-    Container container;
-    if (!container.Load(path.c_str(), true, true)) explainRefusal(path);
-    requireReadable(path);
-    return container;
+/// Has the library's reader, by the name it is given, load a file that was scanned. Throws
+/// FileTrouble.
+template <class Read>
+void loadScanned(const Snapshot& whole, const Read& read) {
+    errno = 0;
+    if (!read(whole.name().c_str())) explainRefusal(whole.path(), errno);
 }
+
+/// The pixels as a list; none of an empty matrix.
+ZyrColorArray colorsOf(const cv::Mat& pixels);
 
 }  // namespace zyr

@@ -1,12 +1,10 @@
 #include "files/RegularFile.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <limits>
 #include <memory>
 
 #include "Outcome.h"
@@ -46,23 +44,21 @@ std::uint64_t fileSize(const std::string& path) {
 }
 
 std::vector<unsigned char> readWhole(const std::string& path) {
-    return readStart(path, std::numeric_limits<std::uint64_t>::max());
-}
-
-std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes) {
     const File file = openRegular(path);
-    std::vector<unsigned char> bytes(std::min(mostBytes, fileSize(path)));
+    std::vector<unsigned char> bytes(fileSize(path));
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     if (std::ferror(file.get()) != 0) fail(path);
     return bytes;
 }
 
-void requireReadable(const std::string& path) {
+void readPieces(const std::string& path, const std::function<void(std::string_view)>& take) {
     const File file = openRegular(path);
     std::array<char, 1 << 16> piece;
-    while (std::fread(piece.data(), 1, piece.size(), file.get()) == piece.size()) {
+    for (std::size_t size = piece.size(); size == piece.size();) {
+        size = std::fread(piece.data(), 1, piece.size(), file.get());
+        if (std::ferror(file.get()) != 0) fail(path);
+        take({piece.data(), size});
     }
-    if (std::ferror(file.get()) != 0) fail(path);
 }
 
 }  // namespace zyr

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zyr {
@@ -12,12 +14,8 @@ void requireRegularFile(const std::string& path);
 /// Throws FileTrouble.
 std::uint64_t fileSize(const std::string& path);
 
-/// All bytes of a regular file, or as many as are asked for at most. Throws FileTrouble.
+/// All bytes of a regular file, and the same piece by piece. Throw FileTrouble.
 std::vector<unsigned char> readWhole(const std::string& path);
-std::vector<unsigned char> readStart(const std::string& path, std::uint64_t mostBytes);
-
-/// Reads all of a regular file and keeps none of it. For files that the library reads, which takes
-/// a read that fails for the end of the file. Throws FileTrouble.
-void requireReadable(const std::string& path);
+void readPieces(const std::string& path, const std::function<void(std::string_view)>& take);
 
 }  // namespace zyr

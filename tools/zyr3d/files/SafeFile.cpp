@@ -42,11 +42,14 @@ mode_t modeFor(const std::string& path) {
     return 0666 & ~kMask;
 }
 
-void syncFolder(const fs::path& folder) {
+/// 0 or the error. Some file systems bring no folders to the disk; some folders may be written but
+/// not opened.
+int syncError(const fs::path& folder) {
     const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return;
-    fsync(handle);
+    if (handle < 0) return errno == EACCES ? 0 : errno;
+    const int error = fsync(handle) == 0 ? 0 : errno;
     close(handle);
+    return error == EINVAL || error == ENOTSUP ? 0 : error;
 }
 
 }  // namespace
@@ -80,8 +83,16 @@ void SafeFile::put(std::string_view bytes) {
     if (buffer_.size() >= kBuffer) flush();
 }
 
-// A block of the disk's: where the last write failed for want of room, none is left.
-void SafeFile::requireRoom() {
+void SafeFile::failWritten(int error, const std::string& found) {
+    requireWritten(error);
+    const bool isNamed = found.rfind(temporary_, 0) == 0;
+    throw FileTrouble(path_ + (isNamed ? found.substr(temporary_.size()) : ": " + found));
+}
+
+void SafeFile::requireWritten(int error) {
+    errno = error;
+    if (error != 0) fail("cannot be written");
+    // A block of the disk's: where the last write failed for want of room, none is left.
     lseek(file_, 0, SEEK_END);
     put(std::string(4096, ' '));
     flush();
@@ -113,7 +124,8 @@ void SafeFile::commit() {
     forgetTemporary(temporary_);
     temporary_.clear();
     const fs::path folder = fs::path(target_).parent_path();
-    syncFolder(folder.empty() ? "." : folder);
+    errno = syncError(folder.empty() ? "." : folder);
+    if (errno != 0) fail("has its name, but its folder cannot be brought to the disk");
 }
 
 }  // namespace zyr

@@ -22,9 +22,12 @@ public:
     const std::string& path() const { return path_; }
 
     void put(std::string_view bytes);
-    /// When what was written by name is not whole: throws the cause if the disk takes no more. What
-    /// is there is spoiled then.
-    void requireRoom();
+    /// For what was written by name and is not as it should be: throws the error that this left
+    /// behind, or, for 0, that the disk takes no more, if so. What is there is spoiled then.
+    void requireWritten(int error);
+    /// The same, but where that gives no cause, it is what was found when the temporary name was
+    /// read.
+    [[noreturn]] void failWritten(int error, const std::string& found);
     /// All that was put, or written by name, is on the disk and of the right size.
     void finish();
     /// After finish: takes the place of the file that had the name.

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "files/HeaderScan.h"
+#include "files/Snapshot.h"
 
 namespace zyr {
 
@@ -19,8 +20,8 @@ struct TextHeaderFile {
 };
 
 /// These take a file that may hold anything and throw FileTrouble where its header would stop the
-/// library's reader, or where not all of it can be read.
-TextHeaderFile scanCloudFile(const std::string& path);
-TextHeaderFile scanMeshFile(const std::string& path);
+/// library's reader.
+TextHeaderFile scanCloudFile(const Snapshot& whole);
+TextHeaderFile scanMeshFile(const Snapshot& whole);
 
 }  // namespace zyr

@@ -1,8 +1,7 @@
-#include <cstring>
-
 #include "Outcome.h"
 #include "files/CloudFile.h"
 #include "files/Loading.h"
+#include "files/MeshFile.h"
 #include "files/RangeFile.h"
 #include "formats/Readers.h"
 
@@ -27,14 +26,6 @@ bool isInRange(const Scene& scene) {
     return true;
 }
 
-ZyrColorArray colorsOf(const cv::Mat& pixels) {
-    ZyrColorArray colors;
-    if (pixels.empty()) return colors;
-    colors.Create(static_cast<int>(pixels.total()), pixels.channels());
-    std::memcpy(colors.Data(), pixels.data, pixels.total() * pixels.elemSize());
-    return colors;
-}
-
 }  // namespace
 
 Scene readZpt(const std::string& path) {
@@ -55,8 +46,9 @@ Scene readZpt(const std::string& path) {
 }
 
 Scene readZtmt(const std::string& path) {
-    requireWhole(path, scanMeshFile(path));
-    ZyrTriangleMesh mesh = loadScanned<ZyrTriangleMesh>(path);
+    MeshFile file = loadMeshFile(path);
+    requireWhole(path, file.disk);
+    ZyrTriangleMesh& mesh = file.mesh;
     Scene scene;
     scene.kind = Scene::Mesh;
     scene.cloud = ZyrPointCloud(mesh.DeepCopyVertex(), mesh.DeepCopyVertexColor(),

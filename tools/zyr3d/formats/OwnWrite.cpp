@@ -1,3 +1,4 @@
+#include <cerrno>
 #include <cstring>
 #include <opencv2/core.hpp>
 
@@ -14,17 +15,22 @@ namespace {
     throw FormatFault(why);
 }
 
-/// For what the library did not write whole.
-[[noreturn]] void failWriting(SafeFile& file) {
-    file.requireRoom();
-    fail("cannot be written");
-}
-
-/// What was written, as it is read; its faults are this file's, whose name is not yet its own.
-Scene readBack(Scene (*read)(const std::string&), SafeFile& file) try {
-    return read(file.temporary());
-} catch (const FileTrouble&) {
-    failWriting(file);
+/// Has the library save by a name, and holds what it wrote, as it is read, against what it should
+/// be.
+template <class Save, class IsSame>
+void writeChecked(SafeFile& file, const Save& save, Scene (*read)(const std::string&),
+                  const IsSame& isSame) {
+    errno = 0;
+    const bool isSaved = save(file.temporary().c_str());
+    const int error = errno;
+    if (!isSaved) file.failWritten(error, "cannot be written");
+    std::string found = "does not read back as it was written";
+    try {
+        if (isSame(read(file.temporary()))) return;
+    } catch (const FileTrouble& trouble) {
+        found = trouble.what();
+    }
+    file.failWritten(error, found);
 }
 
 cv::Mat valuesOf(const ZyrRangeImage& image) {
@@ -53,6 +59,11 @@ bool sameCloud(ZyrPointCloud a, ZyrPointCloud b) {
            same(a.ColorData(), b.ColorData());
 }
 
+bool sameMesh(const Scene& a, const Scene& b) {
+    return sameCloud(a.cloud, b.cloud) && same(a.triangles, b.triangles) &&
+           same(a.triangleNormals, b.triangleNormals) && same(a.triangleColors, b.triangleColors);
+}
+
 bool sameRange(const Scene& a, const Scene& b) {
     const ZyrRangeImage& x = a.range;
     const ZyrRangeImage& y = b.range;
@@ -62,25 +73,21 @@ bool sameRange(const Scene& a, const Scene& b) {
            same(a.pixelColors, b.pixelColors);
 }
 
-const char* const kNotSame = "does not read back as it was written";
-
 }  // namespace
 
 void writeZpt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     ZyrPointCloud cloud = scene.cloud;
     if (cloud.Length() == 0) fail("no points, and a .zpt file has one at least");
-    if (!cloud.Save(file.temporary().c_str(), true, true)) failWriting(file);
-    if (!sameCloud(cloud, readBack(readZpt, file).cloud)) fail(kNotSame);
+    writeChecked(
+        file, [&](const char* name) { return cloud.Save(name, true, true); }, readZpt,
+        [&](const Scene& back) { return sameCloud(cloud, back.cloud); });
 }
 
 void writeZtmt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     if (scene.cloud.Length() == 0) fail("no vertices, and a .ztmt file has one at least");
-    if (!scene.mesh().Save(file.temporary().c_str(), true, true)) failWriting(file);
-    const Scene back = readBack(readZtmt, file);
-    if (!sameCloud(scene.cloud, back.cloud) || !same(scene.triangles, back.triangles) ||
-        !same(scene.triangleNormals, back.triangleNormals) ||
-        !same(scene.triangleColors, back.triangleColors))
-        fail(kNotSame);
+    writeChecked(
+        file, [&](const char* name) { return scene.mesh().Save(name, true, true); }, readZtmt,
+        [&](const Scene& back) { return sameMesh(scene, back); });
 }
 
 void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
@@ -92,11 +99,12 @@ void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     double low = 0.0, high = 0.0;
     double resolution[] = {image.ResolutionX(), image.ResolutionY(), image.ResolutionZ()};
     double offset[] = {image.OffsetX(), image.OffsetY(), image.OffsetZ()};
-    if (!Zyr3DFileIO::SaveRangeImage(values, colors, file.temporary().c_str(), low, high,
-                                     resolution[0], resolution[1], resolution[2], offset[0],
-                                     offset[1], offset[2], true))
-        failWriting(file);
-    if (!sameRange(scene, readBack(readZrt, file))) fail(kNotSame);
+    const auto save = [&](const char* name) {
+        return Zyr3DFileIO::SaveRangeImage(values, colors, name, low, high, resolution[0],
+                                           resolution[1], resolution[2], offset[0], offset[1],
+                                           offset[2], true);
+    };
+    writeChecked(file, save, readZrt, [&](const Scene& back) { return sameRange(scene, back); });
 }
 
 }  // namespace zyr

@@ -4,16 +4,15 @@
 namespace zyr {
 
 Scene readPicture(const std::string& path) {
-    const cv::Mat image = readImage(path);
+    const ImageFile file = loadImageFile(path);
+    const bool isGrey = file.image.channels() == 1;
+    const cv::Mat values = isGrey ? file.image : greyOf(file);
     Scene scene;
     scene.kind = Scene::Range;
-    if (image.channels() == 1)
-        scene.range =
-            ZyrRangeImage(image.data, image.cols, image.rows, static_cast<int>(image.step),
-                          image.depth(), 0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0);
-    else
-        scene.range = readPictureValues(path);
-    if (image.channels() > 1) scene.leftOut.push_back("colours: turned into grey values");
+    scene.range =
+        ZyrRangeImage(values.data, values.cols, values.rows, static_cast<int>(values.step),
+                      values.depth(), 0.0, 0.0, 1.0, 0.0, 1.0, 0.0, 1.0, 0.0);
+    if (!isGrey) scene.leftOut.push_back("colours: turned into grey values");
     return scene;
 }
 

@@ -1,9 +1,5 @@
 #include "formats/Scene.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-
 #include "Outcome.h"
 #include "files/RegularFile.h"
 #include "formats/Fault.h"
@@ -14,10 +10,9 @@ namespace {
 
 std::string readBytes(const std::string& path) {
     requireRegularFile(path);
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes(fileSize(path), '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!file) throw FileTrouble(path + ": " + std::strerror(errno));
+    std::string bytes;
+    bytes.reserve(fileSize(path));
+    readPieces(path, [&](std::string_view piece) { bytes += piece; });
     return bytes;
 }
 

@@ -1,5 +1,5 @@
 #include "Mesh.h"
-#include "files/Loading.h"
+#include "files/MeshFile.h"
 #include "info/Description.h"
 
 namespace zyr {
@@ -21,8 +21,9 @@ int channels(const ZyrColorArray& colors) {
 }  // namespace
 
 Description describeMeshFile(const std::string& path) {
-    const TextHeaderFile disk = scanMeshFile(path);
-    ZyrTriangleMesh mesh = loadScanned<ZyrTriangleMesh>(path);
+    MeshFile file = loadMeshFile(path);
+    const TextHeaderFile& disk = file.disk;
+    ZyrTriangleMesh& mesh = file.mesh;
     ZyrVector3dArray vertices = mesh.DeepCopyVertex();
     Description description;
     Facts& facts = description.facts;

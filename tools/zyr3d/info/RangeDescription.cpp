@@ -1,7 +1,6 @@
 #include <limits>
 
 #include "Table.h"
-#include "ZyrRangeImage.h"
 #include "files/ImageFile.h"
 #include "files/RangeFile.h"
 #include "files/RegularFile.h"
@@ -100,13 +99,12 @@ Description describeRangeFile(const std::string& path) {
 }
 
 Description describePictureFile(const std::string& path) {
-    const ZyrRangeImage image = readPictureValues(path);
-    const cv::Mat grid(image.Height(), image.Width(), image.DataType(), image.Data());
-    Description description;
-    const cv::Mat picture = readImage(path);
+    const ImageFile file = loadImageFile(path);
+    const cv::Mat& picture = file.image;
     const int channels = picture.channels();
+    Description description;
     description.facts.word("kind", "picture, as a range image");
-    addGrid(description.facts, grid);
+    addGrid(description.facts, greyOf(file));
     addColors(description.facts, "colours", channels > 1 ? channels : 0);
     addBytes(description.facts, picture.total() * picture.elemSize(), path);
     return description;

@@ -1,0 +1,109 @@
+#include <clocale>
+
+#include "ConvertCommand.h"
+#include "support/Sanitizer.h"
+#include "support/ScopedVariable.h"
+
+// Decimal commas, thousands' dots and the Turkish i change nothing of what is read and written.
+
+namespace {
+
+struct LocaleName {
+    const char* language;
+    const char* charset;
+
+    std::string name() const { return std::string(language) + "." + charset; }
+};
+
+void PrintTo(const LocaleName& locale, std::ostream* out) {
+    *out << locale.name();
+}
+
+/// Under a locale that the test compiles for itself.
+class ConvertUnderLocale : public test::ConvertCommand,
+                           public testing::WithParamInterface<LocaleName> {
+protected:
+    void SetUp() override {
+        ConvertCommand::SetUp();
+        if (test::hasSanitizer())
+            GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
+        test::writeText(path("source"), source());
+        const std::string make = "localedef -i '" + path("source") + "' -f " + GetParam().charset +
+                                 " '" + path(name_) + "' >/dev/null 2>&1";
+        if (std::system(make.c_str()) != 0 || std::setlocale(LC_ALL, name_.c_str()) == nullptr)
+            GTEST_SKIP() << "no " << name_ << "; Debian's package locales has it";
+        ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+        std::setlocale(LC_ALL, "C");
+        test::writeText(path("in.csv"), "x,y,z\n0.5,-1234567.25,1e-310\n2,3,4.75\n");
+    }
+    void TearDown() override {
+        std::setlocale(LC_ALL, "C");
+        ConvertCommand::TearDown();
+    }
+
+    /// The system's own, save the order of words, which takes longest to compile.
+    static std::string source() {
+        std::string text = "comment_char %\nescape_char /\n";
+        for (const std::string category :
+             {"IDENTIFICATION", "CTYPE", "COLLATE", "MONETARY", "NUMERIC", "TIME", "MESSAGES",
+              "PAPER", "NAME", "ADDRESS", "TELEPHONE", "MEASUREMENT"})
+            text += "LC_" + category + "\ncopy \"" +
+                    (category == "COLLATE" ? "POSIX" : GetParam().language) + "\"\nEND LC_" +
+                    category + "\n";
+        return text;
+    }
+
+    /// Here, and by the program where that is wanted, which takes longer.
+    void convertUnderLocale(const std::string& words, bool isProgram) const {
+        std::setlocale(LC_ALL, name_.c_str());
+        say(words);
+        std::setlocale(LC_ALL, "C");
+        if (!isProgram) return;
+        const test::Result result = run("convert " + words, "export LC_ALL=" + name_);
+        EXPECT_EQ(result.exitCode, 0) << words << result.err;
+    }
+
+    void expectSameText(const std::string& suffix) const {
+        const std::string exact = " --ascii --double", plain = "plain." + suffix;
+        const bool isProgram = suffix == "ply";
+        say("in.csv " + plain + exact);
+        convertUnderLocale("in.csv other." + suffix + exact, isProgram);
+        convertUnderLocale(plain + " back.csv" + exact, isProgram);
+        EXPECT_TRUE(test::isThere(test::readText(path(plain)), "-1234567.25")) << suffix;
+        EXPECT_EQ(test::readText(path("other." + suffix)), test::readText(path(plain)));
+        EXPECT_EQ(test::readText(path("back.csv")), test::readText(path("in.csv"))) << suffix;
+    }
+
+    /// The name has a byte that is a letter in some encodings alone.
+    void expectSameFiles(const std::string& suffix) const {
+        const std::string name = "h\xF6he." + suffix;
+        const std::string in = suffix == "ZPT" ? "in.csv" : "in.png";
+        const bool isProgram = suffix == "Tif";
+        say(in + " plain." + suffix);
+        convertUnderLocale(in + " " + name, isProgram);
+        convertUnderLocale(name + " back." + suffix, isProgram);
+        for (const std::string& each : {name, "back." + suffix})
+            EXPECT_EQ(test::readText(path(each)), test::readText(path("plain." + suffix))) << each;
+    }
+
+    const std::string name_ = GetParam().name();
+    const test::ScopedVariable folder_{"LOCPATH", path("").c_str()};
+};
+
+TEST_P(ConvertUnderLocale, TextHasTheSameBytesAndReadsAsTheSameNumbers) {
+    for (const char* suffix : {"csv", "xyz", "obj", "ply", "pcd"}) expectSameText(suffix);
+}
+
+// The Turkish i has another capital.
+TEST_P(ConvertUnderLocale, SuffixesAndNamesLeadToTheSameFiles) {
+    cv::imwrite(path("in.png"), cv::Mat(2, 2, CV_16UC1, cv::Scalar(7)));
+    for (const char* suffix : {"ZPT", "Zrt", "TIF", "tiff", "Tif", "PNG"}) expectSameFiles(suffix);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, ConvertUnderLocale,
+                         testing::Values(LocaleName{"de_DE", "UTF-8"},
+                                         LocaleName{"de_DE", "ISO-8859-1"},
+                                         LocaleName{"tr_TR", "UTF-8"},
+                                         LocaleName{"tr_TR", "ISO-8859-9"}));
+
+}  // namespace

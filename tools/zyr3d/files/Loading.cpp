@@ -1,0 +1,15 @@
+#include "files/Loading.h"
+
+#include <cstring>
+
+namespace zyr {
+
+ZyrColorArray colorsOf(const cv::Mat& pixels) {
+    ZyrColorArray colors;
+    if (pixels.empty()) return colors;
+    colors.Create(static_cast<int>(pixels.total()), pixels.channels());
+    std::memcpy(colors.Data(), pixels.data, pixels.total() * pixels.elemSize());
+    return colors;
+}
+
+}  // namespace zyr
