@@ -91,6 +91,16 @@ TEST_F(BatchOfFiles, ReaderThatGoesAwayEndsTheWorkQuietly) {
     }
 }
 
+TEST_F(BatchOfFiles, FileLargerThanAllMemoryIsFileTroubleAndTakesNone) {
+    // Sparse, with a good header and body in front.
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("big.zpt"));
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("0.zpt"));
+    if (truncate(path("big.zpt").c_str(), off_t(1) << 43) != 0) GTEST_SKIP() << "not here";
+    for (const char* command : {"info", "check", "diff 0.zpt"})
+        expectTrouble(run(std::string(command) + " big.zpt"), 3, "out of memory");
+    expectTrouble(run("convert big.zpt o.ply"), 3, "big.zpt: needs more memory");
+}
+
 TEST_F(BatchOfFiles, WantOfMemoryIsFileTrouble) {
     if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer takes more memory than is left here";
     // A sparse file of a gigabyte.
