@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "support/Lzf.h"
@@ -120,6 +121,27 @@ TEST(LzfDecoder, ReadsNothingBehindAChunkThatIsCut) {
         EXPECT_EQ(step.end == LzfEnd::Cut, size != 0 && size != 33) << size;
         EXPECT_EQ(step.consumed, hasRun ? 33U : 0U) << size;
         EXPECT_EQ(step.produced, hasRun ? 32U : 0U) << size;
+    }
+}
+
+TEST(LzfDecoder, WritesNothingBehindABufferThatEndsInAChunk) {
+    for (const int distance : {1, 3, 7, 8, 12, 16, 30}) {
+        Bytes stream;
+        std::vector<std::size_t> ends = {0};
+        for (int i = 0; i < 4; ++i) {
+            const auto before = static_cast<unsigned char>(distance - 1);
+            stream = test::joined({stream, test::literalStream(Bytes(32, 7)), {0xE0, 255, before}});
+            ends.insert(ends.end(), {ends.back() + 32, ends.back() + 32 + 264});
+        }
+        for (std::size_t room = 0; room <= ends.back(); ++room) {
+            Bytes out(room);
+            const zyr::LzfStep step =
+                zyr::lzfDecodeStep(stream.data(), stream.size(), out.data(), 0, room);
+            EXPECT_EQ(step.produced, *std::prev(std::upper_bound(ends.begin(), ends.end(), room)));
+            EXPECT_EQ(step.end == LzfEnd::Whole, room == ends.back()) << room;
+            EXPECT_EQ(Bytes(out.begin(), out.begin() + std::ptrdiff_t(step.produced)),
+                      Bytes(step.produced, 7));
+        }
     }
 }
 
