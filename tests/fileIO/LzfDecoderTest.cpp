@@ -124,6 +124,19 @@ TEST(LzfDecoder, ReadsNothingBehindAChunkThatIsCut) {
     }
 }
 
+TEST(LzfDecoder, OnlyACutRunGivesAPart) {
+    const auto partOf = [](const Bytes& stream, std::size_t room) {
+        Bytes out(room);
+        return zyr::lzfDecodeStep(stream.data(), stream.size(), out.data(), 0, room).partial;
+    };
+    EXPECT_EQ(partOf({3, 1, 2}, 400), 2U);
+    EXPECT_EQ(partOf({3, 1, 2, 3, 4}, 400), 0U) << "whole";
+    EXPECT_EQ(partOf({3, 1, 2, 3, 4}, 2), 0U) << "beyond the end";
+    EXPECT_EQ(partOf({0, 1, 0x20, 5}, 400), 0U) << "a reference before the start";
+    EXPECT_EQ(partOf({0, 1, 0x20, 0}, 2), 0U) << "a reference beyond the end";
+    EXPECT_EQ(partOf({0, 1, 0xE0, 9}, 400), 0U) << "a cut reference";
+}
+
 TEST(LzfDecoder, WritesNothingBehindABufferThatEndsInAChunk) {
     for (const int distance : {1, 3, 7, 8, 12, 16, 30}) {
         Bytes stream;
