@@ -202,6 +202,21 @@ TEST(LzfSizes, RowsAreNoisyWhenASampleInTheMiddleIs) {
     expectEncodedBy(kShorts, rows(32768, 16384 + 1024, 32768), 2, kNoisyShorts);
 }
 
+TEST(LzfSizes, RowsAreNoisyWhenTheirSampleTakesNineTenths) {
+    const auto block = [](std::size_t noise) { return rows(32768, 16384, 16384 + noise); };
+    const auto share = [&](std::size_t noise) {
+        const Bytes whole = block(noise);
+        const Bytes sample(whole.begin() + 16384, whole.begin() + 16384 + 1024);
+        return double(encodedBy(kShorts, sample).size()) / 1024;
+    };
+    ASSERT_GT(share(780), 0.82);
+    ASSERT_LT(share(780), 0.9);
+    expectEncodedBy(kShorts, block(780), 2, kNoisyShorts);
+    ASSERT_GT(share(920), 0.9);
+    ASSERT_LT(share(920), 1.0);
+    expectEncodedBy(kNoisyShorts, block(920), 2, kShorts);
+}
+
 TEST(LzfSizes, RowsOutsideTheSampleAreNoisyWhenTheyBecomeSmallerSo) {
     expectEncodedBy(kNoisyShorts, rows(32768, 0, 16384), 2, kShorts);
 }

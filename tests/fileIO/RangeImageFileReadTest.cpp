@@ -182,6 +182,21 @@ TEST_F(RangeImageFileRead, WritesToNoForeignBuffer) {
     EXPECT_NE(stores_.values.data, buffer.data());
 }
 
+TEST_F(RangeImageFileRead, BlocksOfAnyLengthAroundAPieceOfTheFileAreRead) {
+    for (std::size_t numPixels = 63540; numPixels < 63560; ++numPixels) {
+        Bytes pixels(numPixels);
+        for (std::size_t i = 0; i < numPixels; ++i) pixels[i] = static_cast<unsigned char>(i % 251);
+        RangeFile file;
+        file.width = static_cast<int>(numPixels);
+        file.height = 1;
+        file.valueStream = test::literalStream(pixels);
+        test::writeFile(path_, file.bytes());
+        Stores stores;
+        EXPECT_TRUE(stores.load(path_.c_str(), true)) << file.valueStream.size();
+        EXPECT_EQ(test::bytesOf(stores.values), pixels);
+    }
+}
+
 TEST_F(RangeImageFileRead, AnUnknownTypeLeavesTheValuesAndReadsOn) {
     stores_.values = cv::Mat(1, 1, CV_8U, cv::Scalar(9));
     RangeFile file = sample();
