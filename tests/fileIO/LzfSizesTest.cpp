@@ -196,6 +196,13 @@ TEST(LzfSizes, DoublesAreFloatBornWhenSevenEighthsOfASampleAre) {
     }
 }
 
+TEST(LzfSizes, FewerThan16BytesAreLiterals) {
+    for (const std::size_t width : {1, 2, 4, 8}) {
+        EXPECT_EQ(encoded(Bytes(15), width), test::literalStream(Bytes(15))) << width;
+        EXPECT_LT(encoded(Bytes(16), width).size(), 16U) << width;
+    }
+}
+
 TEST(LzfSizes, RowsAreNoisyWhenASampleInTheMiddleIs) {
     expectEncodedBy(kNoisyShorts, rows(32768, 16384, 16384 + 1024), 2, kShorts);
     expectEncodedBy(kShorts, rows(32768, 0, 2048), 2, kNoisyShorts);
