@@ -55,13 +55,15 @@ TEST_F(BatchOfFiles, ManyMoreFilesThanDescriptorsAreFine) {
     EXPECT_EQ(run("diff 0.zrt 2.zrt", "ulimit -n 20").exitCode, 0);
 }
 
-// Three are standard streams, and one is the file's that is written.
+// Three are standard streams, and one is the file's that is written, if it isn't taken already.
 TEST_F(BatchOfFiles, WantOfDescriptorsIsToldWithTheFile) {
     test::writeText(path("in.xyz"), "1 2 3\n");
     cv::imwrite(path("in.png"), cv::Mat(8, 8, CV_16UC1, cv::Scalar(7)));
     const std::string why = ": cannot be written: Too many open files";
-    expectTrouble(runInShell("(ulimit -n 4; exec $zyr3d convert in.xyz o.zpt)"), 3, "o.zpt" + why);
-    expectTrouble(runInShell("(ulimit -n 4; exec $zyr3d demo in.png)"), 3, "demo.zpt" + why);
+    expectTrouble(runInShell("(exec 3>&-; ulimit -n 4; exec $zyr3d convert in.xyz o.zpt)"), 3,
+                  "o.zpt" + why);
+    expectTrouble(runInShell("(exec 3>&-; ulimit -n 4; exec $zyr3d demo in.png)"), 3,
+                  "demo.zpt" + why);
 }
 
 TEST_F(BatchOfFiles, FullOutputIsOneLineAndFileTrouble) {
