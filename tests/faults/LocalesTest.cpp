@@ -8,6 +8,7 @@
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
 #include "ZyrTriangleMesh.h"
+#include "support/Locales.h"
 #include "support/Sanitizer.h"
 #include "support/ScopedVariable.h"
 
@@ -17,46 +18,20 @@ using test::Bytes;
 
 namespace {
 
-struct LocaleName {
-    const char* language;
-    const char* charset;
-
-    std::string name() const { return std::string(language) + "." + charset; }
-};
-
-void PrintTo(const LocaleName& locale, std::ostream* out) {
-    *out << locale.name();
-}
-
 /// Compiles the locale into a folder of the test's own and puts the process under it.
-class Locales : public testing::TestWithParam<LocaleName> {
+class Locales : public testing::TestWithParam<test::LocaleName> {
 protected:
     void SetUp() override {
         if (test::hasSanitizer())
             GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
         const std::string name = GetParam().name();
-        test::writeFile(folder_.path("source"), test::toBytes(source()));
-        const std::string command = "localedef -i '" + folder_.path("source") + "' -f " +
-                                    GetParam().charset + " '" + folder_.path(name) +
-                                    "' >/dev/null 2>&1";
-        if (std::system(command.c_str()) != 0 || setlocale(LC_ALL, name.c_str()) == nullptr)
+        if (!test::makeLocale(folder_.path(""), GetParam()) ||
+            setlocale(LC_ALL, name.c_str()) == nullptr)
             GTEST_SKIP() << "no " << name << "; Debian's package locales has it";
         EXPECT_STREQ(localeconv()->decimal_point, ",");
         setlocale(LC_ALL, "C");
     }
     void TearDown() override { setlocale(LC_ALL, "C"); }
-
-    /// The system's own, save the order of words, which takes longest to compile.
-    static std::string source() {
-        std::string text = "comment_char %\nescape_char /\n";
-        for (const std::string category :
-             {"IDENTIFICATION", "CTYPE", "COLLATE", "MONETARY", "NUMERIC", "TIME", "MESSAGES",
-              "PAPER", "NAME", "ADDRESS", "TELEPHONE", "MEASUREMENT"})
-            text += "LC_" + category + "\ncopy \"" +
-                    (category == "COLLATE" ? "POSIX" : GetParam().language) + "\"\nEND LC_" +
-                    category + "\n";
-        return text;
-    }
 
     void enter() const { ASSERT_NE(setlocale(LC_ALL, GetParam().name().c_str()), nullptr); }
 
@@ -171,8 +146,4 @@ TEST_P(Locales, ChangeNoByteOfAFileAndNoResultAndLeadWidePathsByTheirEncoding) {
     expectFilesByWidePaths();
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, Locales,
-                         testing::Values(LocaleName{"de_DE", "UTF-8"},
-                                         LocaleName{"de_DE", "ISO-8859-1"},
-                                         LocaleName{"tr_TR", "UTF-8"},
-                                         LocaleName{"tr_TR", "ISO-8859-9"}));
+INSTANTIATE_TEST_SUITE_P(Names, Locales, testing::ValuesIn(test::localeNames()));

@@ -1,6 +1,7 @@
 #include <clocale>
 
 #include "ConvertCommand.h"
+#include "support/Locales.h"
 #include "support/Sanitizer.h"
 #include "support/ScopedVariable.h"
 
@@ -8,29 +9,16 @@
 
 namespace {
 
-struct LocaleName {
-    const char* language;
-    const char* charset;
-
-    std::string name() const { return std::string(language) + "." + charset; }
-};
-
-void PrintTo(const LocaleName& locale, std::ostream* out) {
-    *out << locale.name();
-}
-
 /// Under a locale that the test compiles for itself.
 class ConvertUnderLocale : public test::ConvertCommand,
-                           public testing::WithParamInterface<LocaleName> {
+                           public testing::WithParamInterface<test::LocaleName> {
 protected:
     void SetUp() override {
         ConvertCommand::SetUp();
         if (test::hasSanitizer())
             GTEST_SKIP() << "the C library never frees what LOCPATH makes it take";
-        test::writeText(path("source"), source());
-        const std::string make = "localedef -i '" + path("source") + "' -f " + GetParam().charset +
-                                 " '" + path(name_) + "' >/dev/null 2>&1";
-        if (std::system(make.c_str()) != 0 || std::setlocale(LC_ALL, name_.c_str()) == nullptr)
+        if (!test::makeLocale(path(""), GetParam()) ||
+            std::setlocale(LC_ALL, name_.c_str()) == nullptr)
             GTEST_SKIP() << "no " << name_ << "; Debian's package locales has it";
         ASSERT_STREQ(std::localeconv()->decimal_point, ",");
         std::setlocale(LC_ALL, "C");
@@ -39,18 +27,6 @@ protected:
     void TearDown() override {
         std::setlocale(LC_ALL, "C");
         ConvertCommand::TearDown();
-    }
-
-    /// The system's own, save the order of words, which takes longest to compile.
-    static std::string source() {
-        std::string text = "comment_char %\nescape_char /\n";
-        for (const std::string category :
-             {"IDENTIFICATION", "CTYPE", "COLLATE", "MONETARY", "NUMERIC", "TIME", "MESSAGES",
-              "PAPER", "NAME", "ADDRESS", "TELEPHONE", "MEASUREMENT"})
-            text += "LC_" + category + "\ncopy \"" +
-                    (category == "COLLATE" ? "POSIX" : GetParam().language) + "\"\nEND LC_" +
-                    category + "\n";
-        return text;
     }
 
     /// Here, and by the program where that is wanted, which takes longer.
@@ -100,10 +76,6 @@ TEST_P(ConvertUnderLocale, SuffixesAndNamesLeadToTheSameFiles) {
     for (const char* suffix : {"ZPT", "Zrt", "TIF", "tiff", "Tif", "PNG"}) expectSameFiles(suffix);
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, ConvertUnderLocale,
-                         testing::Values(LocaleName{"de_DE", "UTF-8"},
-                                         LocaleName{"de_DE", "ISO-8859-1"},
-                                         LocaleName{"tr_TR", "UTF-8"},
-                                         LocaleName{"tr_TR", "ISO-8859-9"}));
+INSTANTIATE_TEST_SUITE_P(Names, ConvertUnderLocale, testing::ValuesIn(test::localeNames()));
 
 }  // namespace
