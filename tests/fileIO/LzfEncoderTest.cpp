@@ -140,6 +140,16 @@ TEST(LzfEncoder, EveryEncoderTakesLargeBlocksOfAnyValues) {
             expectAllEncode(name, part(data, next % 8, sizes[next % std::size(sizes)]));
 }
 
+// Noise makes the encoders look at ever fewer places: what returns is found late, with more of it before.
+TEST(LzfEncoder, LongRepeatsInNoiseComeBack) {
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        Bytes block = test::randomBytes(4000, 256, seed);
+        for (const std::size_t size : {600U, 300U, 270U, 1200U})
+            block = test::joined(block, part(block, block.size() - 3000, size));
+        expectAllEncode("seed " + std::to_string(seed), block);
+    }
+}
+
 TEST(LzfEncoder, EveryEncoderTakesMeasuredBlocks) {
     const auto measured = measuredBlocks();
     if (measured.empty()) GTEST_SKIP() << "no data in " ZYR_DATA_DIR;

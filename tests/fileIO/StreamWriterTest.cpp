@@ -110,6 +110,17 @@ TEST(StreamWriter, StreamFitsUpToTheLimit) {
     }
 }
 
+TEST(StreamWriter, CountsOneBlockAndWhatMightExceedTheLimitBefore) {
+    const auto isCounted = [](std::size_t size, std::uint64_t most) {
+        const Bytes body(size);
+        return zyr::StreamWriter(sourceOf(body), size, most).isCounted();
+    };
+    EXPECT_TRUE(isCounted(zyr::kLzfBlock, kNoLimit));
+    EXPECT_FALSE(isCounted(zyr::kLzfBlock + 1, kNoLimit));
+    EXPECT_FALSE(isCounted(kSeveral, zyr::lzfWorstCase(kSeveral) + 64));
+    EXPECT_TRUE(isCounted(kSeveral, zyr::lzfWorstCase(kSeveral) + 63));
+}
+
 TEST(StreamWriter, TellsItsSizeWhenWritten) {
     const Bytes body = test::randomBytes(kSeveral, 256, 5);
     const zyr::File file(std::tmpfile());

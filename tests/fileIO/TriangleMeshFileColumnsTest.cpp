@@ -129,6 +129,25 @@ TEST(MeshColumns, GroupsMayComeInAnyOrder) {
     EXPECT_EQ(test::values(mesh.vertexNormals), (Values{0, 2, 4, 1, 3, 5}));
 }
 
+TEST(MeshColumns, NormalsAndColoursMayComeFirst) {
+    const Bytes normals = bytesOf<double>({0, 1, 2, 3, 4, 5}), plain = all({doubles(), corners()});
+    const LoadedMesh withNormals =
+        load(MeshHeader(2, 1).columns("nx ny nz x y z fa fb fc", "8 8 8 8 8 8 4 4 4"),
+             all({normals, plain}));
+    expectPlain(withNormals);
+    EXPECT_EQ(test::values(withNormals.vertexNormals), (Values{0, 2, 4, 1, 3, 5}));
+    const LoadedMesh withColors =
+        load(MeshHeader(2, 1).columns("rgb x y z fa fb fc", "4 8 8 8 4 4 4"),
+             all({bytesOf<int>({2, 3}), plain}));
+    expectPlain(withColors);
+    EXPECT_EQ(test::matrixBytes(withColors.vertexColors), (Bytes{2, 0, 0, 3, 0, 0}));
+    const LoadedMesh withFaceNormals =
+        load(MeshHeader(2, 1).columns("fnx fny fnz x y z fa fb fc", "8 8 8 8 8 8 4 4 4"),
+             all({bytesOf<double>({10, 11, 12}), plain}));
+    expectPlain(withFaceNormals);
+    EXPECT_EQ(test::values(withFaceNormals.triangleNormals), (Values{10, 11, 12}));
+}
+
 // The columns before are unknown ones with one element a vertex, for no face field stands before
 // them.
 TEST(MeshColumns, OfRepeatedGroupsTheLastIsRead) {
