@@ -8,12 +8,17 @@ namespace {
 
 constexpr std::array<std::array<int, 2>, 4> kDirections = {{{1, 0}, {0, 1}, {1, 1}, {1, -1}}};
 
-/// How far a pixel lies below the line between two opposite ones, as a share of their distance.
+/// How far a pixel lies below the line between two opposite ones, as a share of their distance:
+/// minus infinity where one of them has nothing.
 double sunkBetween(const Raster& raster, int row, int column, int dy, int dx) {
-    if (!raster.has(row - dy, column - dx) || !raster.has(row + dy, column + dx)) return 0.0;
     const double middle =
         (double{raster.height(row - dy, column - dx)} + raster.height(row + dy, column + dx)) / 2;
     return (middle - raster.height(row, column)) / std::max(std::abs(dx), std::abs(dy));
+}
+
+/// Whether the places at this distance before and behind are in a picture of the size.
+bool isInside(int at, int distance, int size) {
+    return at - distance >= 0 && at + distance < size;
 }
 
 }  // namespace
@@ -23,8 +28,12 @@ double depthCue(const Raster& raster, int row, int column, double finest) {
     double sunk = 0.0;
     for (double reach : {1.5, 4.0, 11.0}) {
         const int pixels = std::max(1, cvRound(reach * finest));
+        const bool isAcross = isInside(column, pixels, raster.size().width);
+        const bool isDown = isInside(row, pixels, raster.size().height);
         for (const auto& [dx, dy] : kDirections)
-            sunk += std::clamp(sunkBetween(raster, row, column, dy * pixels, dx * pixels) - kNoise,
+            if ((dx == 0 || isAcross) && (dy == 0 || isDown))
+                sunk +=
+                    std::clamp(sunkBetween(raster, row, column, dy * pixels, dx * pixels) - kNoise,
                                0.0, kDeepest);
     }
     return 1.0 / (1.0 + kStrength * sunk / 3.0);

@@ -18,7 +18,7 @@ public:
     void drawTriangle(int id, const cv::Vec3f& a, const cv::Vec3f& b, const cv::Vec3f& c);
 
     int id(int row, int column) const { return ids_.at<int>(row, column); }
-    /// Towards the eye, in pixels.
+    /// Towards the eye, in pixels; minus infinity where there is nothing.
     float height(int row, int column) const { return heights_.at<float>(row, column); }
     bool has(int row, int column) const {
         return row >= 0 && column >= 0 && row < ids_.rows && column < ids_.cols &&

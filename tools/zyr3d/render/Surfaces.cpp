@@ -64,8 +64,10 @@ Surfaces::Surfaces(const Subject& subject, const Camera& camera, const Look& loo
     for (const cv::Vec3f& normal : subject.normals) normals_.push_back(camera.turned(normal));
     for (int t = 0; t < firstSplat_; ++t) {
         const cv::Vec3i& corners = subject.triangles[index(t)];
-        raster_.drawTriangle(t, placed_[index(corners[0])], placed_[index(corners[1])],
-                             placed_[index(corners[2])]);
+        const cv::Vec3f &a = placed_[index(corners[0])], &b = placed_[index(corners[1])],
+                        &c = placed_[index(corners[2])];
+        raster_.drawTriangle(t, a, b, c);
+        faces_.push_back(towardsEye(upwards(unit((b - a).cross(c - a), {0, 0, 1}))));
     }
     if (firstSplat_ > 0 && normals_.empty() && !isFlat_)
         creases_ = std::make_unique<Creases>(placed_, subject.triangles);
@@ -118,11 +120,9 @@ Surface Surfaces::triangle(int t, const cv::Vec3d& shares) const {
 }
 
 cv::Vec3f Surfaces::triangleNormal(int t, const cv::Vec3d& shares) const {
-    const cv::Vec3i& corners = subject_.triangles[index(t)];
-    const cv::Vec3f& a = placed_[index(corners[0])];
-    const cv::Vec3f face = towardsEye(upwards(
-        unit((placed_[index(corners[1])] - a).cross(placed_[index(corners[2])] - a), {0, 0, 1})));
+    const cv::Vec3f& face = faces_[index(t)];
     if (isFlat_) return face;
+    const cv::Vec3i& corners = subject_.triangles[index(t)];
     cv::Vec3f sum;
     for (int k = 0; k < 3; ++k) {
         const cv::Vec3f own =

@@ -34,6 +34,7 @@ private:
 
     const Subject& subject_;
     std::vector<cv::Vec3f> placed_, normals_;
+    std::vector<cv::Vec3f> faces_;  ///< the triangles' own normals
     Raster raster_;
     std::unique_ptr<Creases> creases_;
     int firstSplat_;
