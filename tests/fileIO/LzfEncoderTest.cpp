@@ -140,7 +140,8 @@ TEST(LzfEncoder, EveryEncoderTakesLargeBlocksOfAnyValues) {
             expectAllEncode(name, part(data, next % 8, sizes[next % std::size(sizes)]));
 }
 
-// Noise makes the encoders look at ever fewer places: what returns is found late, with more of it before.
+// Noise makes the encoders look at ever fewer places: what returns is found late, with more of it
+// before.
 TEST(LzfEncoder, LongRepeatsInNoiseComeBack) {
     for (unsigned seed = 0; seed < 20; ++seed) {
         Bytes block = test::randomBytes(4000, 256, seed);

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <opencv2/imgcodecs.hpp>
 
 #include "Program.h"
 #include "Scenes.h"
-#include "convert.h"
 
 namespace test {
 
@@ -19,13 +17,7 @@ protected:
     zyr::Scene scene(const std::string& name) const { return zyr::readScene(path(name)); }
 
     /// Runs the subcommand in this process, which saves the start of another.
-    static int runHere(const std::string& arguments) {
-        CLI::App app;
-        int outcome = 0;
-        zyr::addConvert(app, outcome);
-        app.parse("convert " + arguments);
-        return outcome;
-    }
+    static int runHere(const std::string& arguments);
 
     void SetUp() override { std::filesystem::current_path(path(".")); }
     void TearDown() override { std::filesystem::current_path("/"); }
@@ -39,14 +31,8 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    static void expectRefusal(const std::string& arguments, const std::string& text) {
-        try {
-            runHere(arguments);
-            ADD_FAILURE() << arguments;
-        } catch (const CLI::ParseError& error) {
-            EXPECT_TRUE(isThere(error.what(), text)) << error.what();
-        }
-    }
+    /// The arguments are a usage error whose text has this part.
+    static void expectRefusal(const std::string& arguments, const std::string& text);
 
     /// Two points and a hole between them, with colours.
     void writeCloud(const std::string& name = "in.csv") const {

@@ -64,7 +64,7 @@ TEST_F(ConvertTrouble, WrongWishesAreUsageErrors) {
           "in.csv a.ply --grid 0x3", "in.csv a.ply --camera 1,2,3,nan", "in.csv a.ply --jump 0",
           "in.csv a.ply --depth-scale 0", "in.csv a.ply --camera 0,1,2,3", "in.csv a.ply -j 0",
           "in.csv in.csv --to ply --out out"})
-        EXPECT_THROW(runHere(wish), CLI::ParseError) << wish;
+        expectRefusal(wish, "");
     expectTrouble(run("convert in.csv"), 2, "IN and OUT");
 }
 
