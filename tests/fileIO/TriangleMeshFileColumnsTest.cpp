@@ -76,6 +76,8 @@ TEST(MeshColumns, IndicesOfAnotherSizeAreRefused) {
             EXPECT_FALSE(
                 load(MeshHeader(2, 1).columns("x y z fa fb fc", sizes), Bytes(size)).isLoaded)
                 << sizes << ", " << size;
+    const MeshHeader first = MeshHeader(2, 1).columns("fa fb fc x y z", "2 4 4 8 8 8");
+    EXPECT_FALSE(load(first, Bytes(58)).isLoaded);
 }
 
 TEST(MeshColumns, ValuesOfCountZeroAreRefused) {

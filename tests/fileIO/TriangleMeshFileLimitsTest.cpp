@@ -97,7 +97,46 @@ TEST(MeshLimits, ColoursCountByTheirChannels) {
     }
 }
 
+TEST(MeshLimits, TriangleColoursCountByTheirChannels) {
+    const auto floats = [](long faces) {
+        return MeshHeader(1, faces).columns("x y z fa fb fc fnx fny fnz frgb",
+                                            "4 4 4 4 4 4 4 4 4 4");
+    };
+    for (const long channels : {1L, 3L, 4L}) {
+        const long most = (kAllowed - 24) / (12 + 24 + channels);
+        const auto count = static_cast<std::uint32_t>(channels);
+        EXPECT_TRUE(loadsCut(floats(most), 0, count)) << channels;
+        EXPECT_FALSE(loadsCut(floats(most + 1), 0, count)) << channels;
+    }
+}
+
 TEST(MeshLimits, ElementsWithoutAColumnAreBackedByNothing) {
+    const auto loads = [](const MeshHeader& header, std::size_t bodySize) {
+        return test::loadMesh(test::meshFile(header, Bytes(bodySize))).isLoaded;
+    };
+    EXPECT_TRUE(loads(MeshHeader(kMostVertices, 1).columns("fa fb fc", "4 4 4"), 12));
+    EXPECT_FALSE(loads(MeshHeader(kMostVertices + 1, 1).columns("fa fb fc", "4 4 4"), 12));
+    EXPECT_TRUE(loads(MeshHeader(1, kMostFaces).columns("x y z", "8 8 8"), 24));
+    EXPECT_FALSE(loads(MeshHeader(1, kAllowed / 12 + 1).columns("x y z", "8 8 8"), 24));
+}
+
+TEST(MeshLimits, TrianglesThatComeFirstAreBackedByTheirBytes) {
+    // (12 * 5592406 + 24) / 88 = 762601.1
+    const MeshHeader header =
+        MeshHeader(1, kAllowed / 12 + 1).columns("fa fb fc x y z", "4 4 4 8 8 8");
+    EXPECT_TRUE(loadsCut(header, 762602));
+    EXPECT_FALSE(loadsCut(header, 762601));
+}
+
+TEST(MeshLimits, WhatIsRefusedIsSoWhateverTheListsHeld) {
+    test::MeshLists mesh;
+    EXPECT_TRUE(mesh.load(MeshHeader(2, 1).kind("ascii").bytes()));
+    EXPECT_FALSE(mesh.load(MeshHeader(kMostVertices + 1, 0).kind("ascii").bytes()));
+    EXPECT_EQ(mesh.vertices.Length(), 2);
+    EXPECT_EQ(mesh.triangles.Length(), 3);
+}
+
+TEST(MeshLimits, MillionsOfElementsWithoutAColumnAreRefused) {
     const MeshHeader noIndices = MeshHeader(1, 700000000).columns("x y z", "8 8 8");
     const MeshHeader noVertices = MeshHeader(2147483647, 1).columns("fa fb fc", "4 4 4");
     for (const std::size_t present : {0U, 100U}) {
