@@ -33,8 +33,10 @@ struct LoadedMesh : MeshLists {
     bool isLoaded = false;
 };
 
+/// Into lists that are not empty, which must not pass for what a refused file gave.
 inline LoadedMesh loadMesh(const Bytes& bytes, bool withNormals = true, bool withColors = true) {
     LoadedMesh mesh;
+    mesh.vertices.SetSize(1);
     mesh.isLoaded = mesh.load(bytes, withNormals, withColors);
     return mesh;
 }
