@@ -20,8 +20,10 @@ bool loadsAscii(MeshHeader header, long bytes = 0) {
 }
 
 /// The four words and so many zeros of a stream that states to be longer.
-bool loadsCut(const MeshHeader& header, std::size_t present, std::uint32_t channels = 4) {
-    const Bytes words = test::bytesOf<std::uint32_t>({channels, channels, 0x7FFFFFFF, 0});
+bool loadsCut(const MeshHeader& header, std::size_t present, std::uint32_t vertexChannels = 4,
+              std::uint32_t triangleChannels = 4) {
+    const Bytes words =
+        test::bytesOf<std::uint32_t>({vertexChannels, triangleChannels, 0x7FFFFFFF, 0});
     return test::loadMesh(test::all({header.bytes(), words, Bytes(present)})).isLoaded;
 }
 
@@ -92,9 +94,12 @@ TEST(MeshLimits, ColoursCountByTheirChannels) {
     for (const long channels : {1L, 3L, 4L}) {
         const long most = kAllowed / (24 + channels);
         const auto count = static_cast<std::uint32_t>(channels);
-        EXPECT_TRUE(loadsCut(floats(most), 0, count)) << channels;
-        EXPECT_FALSE(loadsCut(floats(most + 1), 0, count)) << channels;
+        for (const std::uint32_t other : {1U, 4U}) {
+            EXPECT_TRUE(loadsCut(floats(most), 0, count, other)) << channels;
+            EXPECT_FALSE(loadsCut(floats(most + 1), 0, count, other)) << channels;
+        }
     }
+    EXPECT_TRUE(test::loadMesh(floats(kMostVertices).bytes()).isLoaded);
 }
 
 TEST(MeshLimits, TriangleColoursCountByTheirChannels) {
@@ -105,9 +110,12 @@ TEST(MeshLimits, TriangleColoursCountByTheirChannels) {
     for (const long channels : {1L, 3L, 4L}) {
         const long most = (kAllowed - 24) / (12 + 24 + channels);
         const auto count = static_cast<std::uint32_t>(channels);
-        EXPECT_TRUE(loadsCut(floats(most), 0, count)) << channels;
-        EXPECT_FALSE(loadsCut(floats(most + 1), 0, count)) << channels;
+        for (const std::uint32_t other : {1U, 4U}) {
+            EXPECT_TRUE(loadsCut(floats(most), 0, other, count)) << channels;
+            EXPECT_FALSE(loadsCut(floats(most + 1), 0, other, count)) << channels;
+        }
     }
+    EXPECT_TRUE(test::loadMesh(floats((kAllowed - 24) / 36).bytes()).isLoaded);
 }
 
 TEST(MeshLimits, ElementsWithoutAColumnAreBackedByNothing) {
