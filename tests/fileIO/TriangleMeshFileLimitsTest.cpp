@@ -162,6 +162,17 @@ TEST(MeshLimits, MostThatAHeaderCanStateIsRefused) {
     }
 }
 
+// A sparse file has a byte for each 88 of theirs.
+TEST(MeshLimits, MoreIndicesThanAnIntCanCountAreRefused) {
+    const test::TempFolder folder;
+    const std::string path = folder.path("large.ztmt");
+    const Bytes words = test::bytesOf<std::uint32_t>({3, 3, 0x7FFFFFFF, 0});
+    test::writeFile(path, test::joined(MeshHeader(1, 715827883).bytes(), words));
+    std::filesystem::resize_file(path, 98000000);
+    test::MeshLists mesh;
+    EXPECT_FALSE(mesh.load(path, false, false));
+}
+
 TEST(MeshLimits, SizesBeyond64BitsAreRefused) {
     MeshHeader header =
         MeshHeader(2, 1).columns("x y z a b c", "8 8 8 2147483647 2147483647 2147483647");
