@@ -62,16 +62,16 @@ int closeIt(void* cookie) {
     return faults.failsClose ? EOF : result;
 }
 
-/// By way of a descriptor: such bytes are on no disk.
-bool isInMemory(const char* path) {
-    return std::strncmp(path, "/proc/self/fd/", 14) == 0;
+/// What is read by way of a descriptor is on no disk.
+bool isInMemory(const char* path, const char* mode) {
+    return mode[0] == 'r' && std::strncmp(path, "/proc/self/fd/", 14) == 0;
 }
 
 std::FILE* openFaulty(const char* path, const char* mode) {
     const int flags = mode[0] == 'r' ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
     const int descriptor = open(path, flags | O_CLOEXEC, 0666);
     if (descriptor < 0) return nullptr;
-    if (isInMemory(path)) return fdopen(descriptor, mode);
+    if (isInMemory(path, mode)) return fdopen(descriptor, mode);
     ++numOpen;
     void* cookie = reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor));
     return fopencookie(cookie, mode, {readSome, writeSome, seekTo, closeIt});

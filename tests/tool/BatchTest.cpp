@@ -152,6 +152,18 @@ TEST_F(Rights, FileThatMayNotBeReadIsFileTrouble) {
     expectTrouble(runLimited("demo 0.zpt"), 3, "0.zpt: Permission denied");
 }
 
+// Whether the library writes the file or the program.
+TEST_F(Rights, FileThatMayNotBeWrittenIsNotReplaced) {
+    limit("", 0777);
+    for (const std::string name : {"o.zpt", "o.csv"}) {
+        test::writeText(path(name), "precious");
+        limit(name, 0444);
+        expectTrouble(runLimited("convert 0.zpt " + name), 3,
+                      name + ": cannot be written: Permission denied");
+        EXPECT_EQ(test::readText(path(name)), "precious");
+    }
+}
+
 TEST_F(Rights, FolderThatMayNotBeWrittenIsFileTrouble) {
     std::filesystem::create_directory(path("d"));
     limit("d", 0555);
@@ -161,6 +173,15 @@ TEST_F(Rights, FolderThatMayNotBeWrittenIsFileTrouble) {
     expectDenied("convert 0.zpt d/o.csv", "d/o.csv");
     expectDenied("render 0.zpt d/o.png", "d/o.png");
     expectDenied("demo 0.zpt -o d", "d/demo.zpt");
+}
+
+// A sparse file of a gigabyte without a header.
+TEST_F(BatchOfFiles, FileWithoutHeaderIsNotReadWhole) {
+    if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer needs the address space";
+    test::writeText(path("big.zpt"), "x");
+    std::filesystem::resize_file(path("big.zpt"), 1 << 30);
+    const test::Result result = run("check big.zpt", "ulimit -v 700000");
+    EXPECT_EQ(result.exitCode, 1) << result.out << result.err;
 }
 
 TEST_F(BatchOfFiles, NumberAtOnceHasBounds) {

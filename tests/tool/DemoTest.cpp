@@ -146,6 +146,15 @@ TEST_F(DepthDemo, ColourPictureGivesTheColours) {
     EXPECT_EQ(test::values(cloud.Color(0)), (std::vector<int>{30, 20, 10, 255}));
 }
 
+TEST_F(DepthDemo, ColourPictureIsNotOverwritten) {
+    std::filesystem::create_directory(path("d"));
+    cv::imwrite(path("d/demo.png"), cv::Mat(48, 64, CV_8UC3, cv::Scalar(10, 20, 30)));
+    const std::string before = test::readText(path("d/demo.png"));
+    expectTrouble(run("demo depth.png --color d/demo.png -o d"), 3,
+                  "d/demo.png: would be overwritten");
+    EXPECT_EQ(test::readText(path("d/demo.png")), before);
+}
+
 TEST_F(DepthDemo, PictureOfASmallFrameHasTheSameSize) {
     run("demo depth.png -o d");
     EXPECT_EQ(cv::imread(path("d/demo.png")).size(), cv::Size(1600, 600));

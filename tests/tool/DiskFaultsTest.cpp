@@ -208,6 +208,26 @@ protected:
     }
 };
 
+// As in a build's sandbox.
+TEST_F(FullDisk, WantOfProcIsTold) {
+    constexpr int kNoMount = 3;
+    const pid_t child = fork();
+    if (child == 0) {
+        test::hillCloud().Save(path("a.zpt").c_str(), true, true);
+        if (!mountDisk() || mount("none", "/proc", "tmpfs", 0, nullptr) != 0) _exit(kNoMount);
+        const std::string why = ": can be read and written only where /proc is mounted";
+        expectTrouble(run("info a.zpt"), 3, "a.zpt" + why);
+        expectTrouble(run("convert in.xyz o.zpt"), 3, "o.zpt" + why);
+        EXPECT_EQ(run("convert in.xyz o.ply").exitCode, 0);
+        _exit(HasFailure() ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoMount)
+        GTEST_SKIP() << "no rights to mount a file system";
+    EXPECT_EQ(status, 0);
+}
+
 TEST_F(FullDisk, OldFilesStayAndTheCauseIsTold) {
     constexpr int kNoDisk = 3;
     const pid_t child = fork();

@@ -8,6 +8,7 @@
 
 #include "Outcome.h"
 #include "WrittenScenes.h"
+#include "demo/RoundTrip.h"
 #include "faults/FaultyFile.h"
 #include "files/SafeFile.h"
 #include "formats/Format.h"
@@ -77,13 +78,19 @@ TEST_F(SafeWrite, FailedWriteLeavesTheOldFileAndNothingElse) {
     EXPECT_EQ(filesHere(), 1);
 }
 
+// Also where nobody may read it.
 TEST_F(SafeWrite, NewFileKeepsTheRightsOfTheOldOne) {
-    const std::string path = folder_.path("old.xyz");
-    test::writeFile(path, {});
-    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
-    zyr::writeScene(test::pointScene(), path, {});
-    EXPECT_EQ(fs::status(path).permissions(),
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+    const fs::perms kWrite = fs::perms::owner_write;
+    for (const char* name : {"old.xyz", "old.zpt"})
+        for (const fs::perms rights :
+             {kWrite, kWrite | fs::perms::owner_read | fs::perms::others_read}) {
+            const std::string path = folder_.path(name);
+            test::writeFile(path, {});
+            fs::permissions(path, rights);
+            zyr::writeScene(test::pointScene(), path, {});
+            EXPECT_EQ(fs::status(path).permissions(), rights) << name;
+            fs::remove(path);
+        }
 }
 
 // To read the mask is to set it, which the files of other threads would feel.
@@ -101,6 +108,69 @@ TEST_F(SafeWrite, LinkStaysALink) {
     zyr::writeScene(test::pointScene(), link, {});
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_GT(fs::file_size(target), 0u);
+}
+
+// Whatever the file is called that the link leads to, and also where there is none yet.
+TEST_F(SafeWrite, LinkIsWrittenThroughByItsOwnSuffix) {
+    for (const char* name : {"a.zpt", "a.ztmt", "a.zrt", "a.xyz"}) {
+        const std::string link = folder_.path(name);
+        fs::create_symlink("store", link);
+        for (const bool isThere : {false, true}) {
+            EXPECT_EQ(test::troubleOfWriting(link), "") << isThere;
+            EXPECT_TRUE(fs::is_symlink(link)) << name;
+            EXPECT_EQ(zyr::readScene(link).kind, test::sceneFor(link).kind) << name;
+        }
+        fs::remove(folder_.path("store"));
+    }
+}
+
+TEST_F(SafeWrite, LinkToItselfIsTrouble) {
+    fs::create_symlink("a.xyz", folder_.path("a.xyz"));
+    EXPECT_NE(test::troubleOfWriting(folder_.path("a.xyz")), "");
+    EXPECT_TRUE(fs::is_symlink(folder_.path("a.xyz")));
+}
+
+TEST_F(SafeWrite, NameMayBeTheSuffixAlone) {
+    EXPECT_EQ(test::troubleOfWriting(folder_.path(".zpt")), "");
+    EXPECT_EQ(zyr::readScene(folder_.path(".zpt")).cloud.Length(), 1);
+}
+
+// A signal takes the temporary file while another thread is about to open it.
+TEST_F(SafeWrite, WritersDoNotMakeAnewWhatASignalTook) {
+    zyr::SafeFile file(folder_.path("a.zpt"));
+    fs::remove(file.temporary());
+    test::writeFile(file.opened(), test::toBytes("late"));
+    EXPECT_EQ(filesHere(), 0);
+    EXPECT_THROW(file.commit(), zyr::FileTrouble);
+}
+
+TEST_F(SafeWrite, WhatCameBackDifferentlyIsToldAsThat) {
+    zyr::SafeFile file(folder_.path("a.zpt"));
+    const auto save = [&](const char* path) {
+        return test::sceneFor("a.zpt").cloud.Save(path, true, true);
+    };
+    const auto load = [](const char*) { return true; };
+    const zyr::RoundTrip trip = zyr::roundTrip(file, save, load, [] { return "x of point 0"; });
+    EXPECT_EQ(trip.differing, "x of point 0");
+    EXPECT_EQ(trip.bytes, fs::file_size(file.temporary()));
+}
+
+TEST_F(SafeWrite, WhatCannotBeReadBackIsToldWithItsCause) {
+    zyr::SafeFile file(folder_.path("a.zpt"));
+    const auto save = [&](const char* path) {
+        return test::sceneFor("a.zpt").cloud.Save(path, true, true);
+    };
+    const auto load = [](const char*) {
+        errno = EIO;
+        return true;
+    };
+    try {
+        zyr::roundTrip(file, save, load, [] { return "x of point 0"; });
+        ADD_FAILURE();
+    } catch (const zyr::FileTrouble& trouble) {
+        EXPECT_EQ(trouble.what(),
+                  folder_.path("a.zpt") + ": cannot be read back: Input/output error");
+    }
 }
 
 TEST_F(SafeWrite, WhatIsNoFileIsNotReplaced) {

@@ -45,7 +45,7 @@ protected:
 
 TEST_F(Signal, TakesTheTemporaryFilesAlongAndLeavesTheOldOnes) {
     test::writeText(path("old.ply"), "precious");
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU}) {
         const int status = endOfWriter(signal);
         EXPECT_TRUE(WIFSIGNALED(status)) << signal;
         EXPECT_EQ(WTERMSIG(status), signal);

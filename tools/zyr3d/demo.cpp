@@ -92,17 +92,21 @@ void writePicture(ZyrPointCloud& cloud, const Frame& frame, SafeFile& file) {
     putPng(file, picture);
 }
 
-/// The files that a run writes. They get their names together, when all of them are good.
+/// The files that a run writes. They get their names one after the other, when all of them are
+/// good.
 class OutputFiles {
 public:
-    /// Creates the folder. The input must not be what is going to be written.
-    OutputFiles(const std::string& directory, const std::string& input) : directory_(directory) {
+    /// Creates the folder. No input must be what is going to be written.
+    OutputFiles(const std::string& directory, const std::vector<std::string>& inputs)
+        : directory_(directory) {
         std::error_code error;
         std::filesystem::create_directories(directory, error);
         if (error) throw FileTrouble(directory + ": " + error.message());
-        for (const char* name : {kCloud, kPicture, kMesh, kRange, kRangePicture})
-            if (std::filesystem::equivalent(input, directory + "/" + name, error))
-                throw FileTrouble(input + ": would be overwritten; choose another folder by -o");
+        for (const std::string& input : inputs)
+            for (const char* name : {kCloud, kPicture, kMesh, kRange, kRangePicture})
+                if (std::filesystem::equivalent(input, directory + "/" + name, error))
+                    throw FileTrouble(input +
+                                      ": would be overwritten; choose another folder by -o");
     }
 
     SafeFile& open(const char* name) { return files_.emplace_back(directory_ + "/" + name); }
@@ -189,7 +193,7 @@ int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, Outpu
 
 int runDemo(const DemoOptions& options) {
     Frame frame = readFrame(options);
-    OutputFiles output(options.directory, options.input);
+    OutputFiles output(options.directory, {options.input, options.colorFile});
     ZyrPointCloud cloud;
     const double build = timed([&] { cloud = buildCloud(frame); });
     Report report(cloud.Length());

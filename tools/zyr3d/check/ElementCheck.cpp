@@ -78,10 +78,22 @@ private:
     std::uint64_t points_, faces_;
 };
 
+/// All bytes; no more than a header's where that is none. Throws FileTrouble.
+std::vector<unsigned char> readScanned(const std::string& path) {
+    std::vector<unsigned char> bytes;
+    readPieces(path, [&](std::string_view piece) {
+        bytes.insert(bytes.end(), piece.begin(), piece.end());
+        if (bytes.size() != kMostHeader) return;
+        scanHeader(path, bytes);
+        bytes.reserve(fileSize(path));
+    });
+    return bytes;
+}
+
 }  // namespace
 
 Checked checkCloudFile(const std::string& path) {
-    const std::vector<unsigned char> bytes = readWhole(path);
+    const std::vector<unsigned char> bytes = readScanned(path);
     const CloudHeader header = scanHeader(path, bytes);
     checkCloudHeader(path, header);
     const Body body = Body::ofCloud(path, header, bytes);
@@ -105,7 +117,7 @@ Checked checkCloudFile(const std::string& path) {
 }
 
 Checked checkMeshFile(const std::string& path) {
-    const std::vector<unsigned char> bytes = readWhole(path);
+    const std::vector<unsigned char> bytes = readScanned(path);
     const CloudHeader header = scanHeader(path, bytes);
     checkMeshHeader(path, header);
     const Body body = Body::ofMesh(path, header, bytes);

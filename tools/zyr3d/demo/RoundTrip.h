@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "Outcome.h"
@@ -49,8 +50,11 @@ RoundTrip roundTrip(SafeFile& file, const Save& save, const Load& load, const Co
     trip.load = timed([&] { isLoaded = load(path); });
     const int loadError = errno;
     trip.differing = isLoaded ? compare() : "file as a whole";
-    const bool isReadFault = saveError == 0 && !isLoaded;
-    if (!trip.differing.empty()) file.requireWritten(isReadFault ? loadError : saveError);
+    if (!trip.differing.empty()) {
+        file.requireWritten(saveError);
+        if (loadError != 0)
+            file.failWritten(0, std::string("cannot be read back: ") + std::strerror(loadError));
+    }
     file.finish();
     trip.bytes = fileSize(path);
     return trip;

@@ -12,4 +12,9 @@ ZyrColorArray colorsOf(const cv::Mat& pixels) {
     return colors;
 }
 
+cv::Mat pixelsOf(const ZyrColorArray& colors) {
+    if (colors.Length() == 0) return {};
+    return cv::Mat(colors.Height(), colors.Width(), CV_8UC(colors.Channel()), colors.Data());
+}
+
 }  // namespace zyr

@@ -19,5 +19,7 @@ void loadScanned(const Snapshot& whole, const Read& read) {
 
 /// The pixels as a list; none of an empty matrix.
 ZyrColorArray colorsOf(const cv::Mat& pixels);
+/// The list's own memory as a matrix.
+cv::Mat pixelsOf(const ZyrColorArray& colors);
 
 }  // namespace zyr

@@ -1,5 +1,7 @@
 #include "files/RegularFile.h"
 
+#include <unistd.h>
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -25,6 +27,11 @@ File openRegular(const std::string& path) {
     return file;
 }
 
+void requireMemory(std::uint64_t bytes) {
+    const auto pages = static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES));
+    if (bytes / static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)) >= pages) throw std::bad_alloc();
+}
+
 }  // namespace
 
 void requireRegularFile(const std::string& path) {
@@ -43,8 +50,16 @@ std::uint64_t fileSize(const std::string& path) {
     return bytes;
 }
 
+std::string descriptorPath(int file, const std::string& path) {
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    if (access(link.c_str(), F_OK) != 0)
+        throw FileTrouble(path + ": can be read and written only where /proc is mounted");
+    return link;
+}
+
 std::vector<unsigned char> readWhole(const std::string& path) {
     const File file = openRegular(path);
+    requireMemory(fileSize(path));
     std::vector<unsigned char> bytes(fileSize(path));
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     if (std::ferror(file.get()) != 0) fail(path);
@@ -53,10 +68,14 @@ std::vector<unsigned char> readWhole(const std::string& path) {
 
 void readPieces(const std::string& path, const std::function<void(std::string_view)>& take) {
     const File file = openRegular(path);
+    requireMemory(fileSize(path));
     std::array<char, 1 << 16> piece;
+    std::uint64_t whole = 0;
     for (std::size_t size = piece.size(); size == piece.size();) {
         size = std::fread(piece.data(), 1, piece.size(), file.get());
         if (std::ferror(file.get()) != 0) fail(path);
+        // It may grow meanwhile.
+        requireMemory(whole += size);
         take({piece.data(), size});
     }
 }

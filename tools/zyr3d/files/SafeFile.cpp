@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "Outcome.h"
+#include "files/RegularFile.h"
 #include "files/Temporaries.h"
 
 namespace zyr {
@@ -27,12 +28,24 @@ mode_t readMask() {
 // It can be read by setting it alone, for all threads: done before there are any.
 const mode_t kMask = readMask();
 
+/// Where the links lead, be there a file or not.
 fs::path resolved(const std::string& path) {
     std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    if (error) return path;
-    if (!fs::is_regular_file(target)) throw FileTrouble(path + ": not a regular file");
-    return target;
+    fs::path target = path;
+    for (int links = 0; links < 40 && fs::is_symlink(fs::symlink_status(target, error)); ++links)
+        target = target.parent_path() / fs::read_symlink(target, error);
+    const fs::path found = fs::canonical(target, error);
+    if (error == std::errc::no_such_file_or_directory) return target;
+    if (error) throw FileTrouble(path + ": " + error.message());
+    if (!fs::is_regular_file(found)) throw FileTrouble(path + ": not a regular file");
+    return found;
+}
+
+/// What follows the name's last '.', with it: readers and writers go by that.
+std::string suffixOf(const std::string& path) {
+    const std::string name = fs::path(path).filename();
+    const std::size_t dot = name.rfind('.');
+    return dot == name.npos ? "" : name.substr(dot);
 }
 
 /// The rights of the file that is replaced, or those that a new one gets.
@@ -55,8 +68,11 @@ int syncError(const fs::path& folder) {
 }  // namespace
 
 SafeFile::SafeFile(const std::string& path) : path_(path), target_(resolved(path)) {
+    // Who may replace a file and not write it is not meant to.
+    if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT)
+        fail("cannot be written");
     const fs::path target(target_);
-    const std::string suffix = target.extension();
+    const std::string suffix = suffixOf(path);
     const fs::path name = "." + target.stem().string().substr(0, 200) + ".XXXXXX" + suffix;
     temporary_ = target.parent_path() / name;
     file_ = makeTemporary(temporary_, suffix.size());
@@ -64,7 +80,6 @@ SafeFile::SafeFile(const std::string& path) : path_(path), target_(resolved(path
         temporary_.clear();
         fail("cannot be written");
     }
-    fchmod(file_, modeFor(target_));
 }
 
 SafeFile::~SafeFile() {
@@ -76,6 +91,10 @@ SafeFile::~SafeFile() {
 
 void SafeFile::fail(const char* what) const {
     throw FileTrouble(path_ + ": " + what + ": " + std::strerror(errno));
+}
+
+std::string SafeFile::opened() const {
+    return descriptorPath(file_, path_);
 }
 
 void SafeFile::put(std::string_view bytes) {
@@ -93,9 +112,11 @@ void SafeFile::requireWritten(int error) {
     errno = error;
     if (error != 0) fail("cannot be written");
     // A block of the disk's: where the last write failed for want of room, none is left.
-    lseek(file_, 0, SEEK_END);
+    const off_t size = lseek(file_, 0, SEEK_END);
     put(std::string(4096, ' '));
     flush();
+    written_ = 0;
+    if (ftruncate(file_, size) != 0) fail("cannot be written");
 }
 
 void SafeFile::flush() {
@@ -112,6 +133,7 @@ void SafeFile::flush() {
 
 void SafeFile::finish() {
     flush();
+    fchmod(file_, modeFor(target_));
     if (fsync(file_) != 0) fail("cannot be written");
     struct stat now {};
     if (fstat(file_, &now) != 0) fail("cannot be checked");

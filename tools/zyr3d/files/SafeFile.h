@@ -17,13 +17,16 @@ public:
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
 
-    /// For those who write by name. It has the suffix of the file to be.
+    /// For those who go by the suffix: it is that of the path.
     const std::string& temporary() const { return temporary_; }
+    /// For those who write by name: it leads to the file even when a signal has taken that away,
+    /// so that they make no other.
+    std::string opened() const;
     const std::string& path() const { return path_; }
 
     void put(std::string_view bytes);
     /// For what was written by name and is not as it should be: throws the error that this left
-    /// behind, or, for 0, that the disk takes no more, if so. What is there is spoiled then.
+    /// behind, or, for 0, that the disk takes no more, if so.
     void requireWritten(int error);
     /// The same, but where that gives no cause, it is what was found when the temporary name was
     /// read.

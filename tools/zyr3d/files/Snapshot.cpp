@@ -6,22 +6,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <new>
 
 #include "Outcome.h"
 #include "files/HeaderScan.h"
 #include "files/RegularFile.h"
 
 namespace zyr {
-namespace {
-
-/// No limit of the process holds for what a memfd takes: without end, it would end other programs.
-void requireMemory(std::uint64_t bytes) {
-    const auto pages = static_cast<std::uint64_t>(sysconf(_SC_PHYS_PAGES));
-    if (bytes / static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE)) >= pages) throw std::bad_alloc();
-}
-
-}  // namespace
 
 Snapshot::Snapshot() : file_(memfd_create("zyr3d", MFD_CLOEXEC)) {}
 
@@ -29,8 +19,6 @@ Snapshot::Snapshot() : file_(memfd_create("zyr3d", MFD_CLOEXEC)) {}
 Snapshot::Snapshot(const std::string& path) : Snapshot() {
     path_ = path;
     if (file_ < 0) fail();
-    requireRegularFile(path);
-    requireMemory(fileSize(path));
     readPieces(path, [this](std::string_view piece) {
         append(piece);
         if (size_ == kMostHeader) scanHeader(path_, bytes(0, kMostHeader));
@@ -42,7 +30,7 @@ Snapshot::~Snapshot() {
 }
 
 std::string Snapshot::name() const {
-    return "/proc/self/fd/" + std::to_string(file_);
+    return descriptorPath(file_, path_);
 }
 
 std::vector<unsigned char> Snapshot::bytes(std::uint64_t from, std::uint64_t most) const {

@@ -15,7 +15,7 @@ namespace {
 
 /// As many as a batch works on at once.
 constexpr std::size_t kMost = 256;
-constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
+constexpr std::array<int, 5> kSignals = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU};
 
 using Name = std::array<char, PATH_MAX>;
 

@@ -4,8 +4,8 @@
 
 namespace zyr {
 
-/// From here on a signal that would end the process (INT, TERM, HUP) first removes the temporary
-/// files that are there. One that is ignored stays so.
+/// From here on a signal that would end the process (INT, TERM, HUP, QUIT, XCPU) first removes the
+/// temporary files that are there. One that is ignored stays so.
 void removeTemporariesOnSignals();
 
 /// Makes a file of a name that ends in six X and the suffix, which it replaces by the name it got,

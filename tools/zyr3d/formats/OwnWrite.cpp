@@ -4,6 +4,7 @@
 
 #include "Outcome.h"
 #include "Zyr3DFileIO.h"
+#include "files/Loading.h"
 #include "formats/Fault.h"
 #include "formats/Readers.h"
 #include "formats/Writers.h"
@@ -15,13 +16,14 @@ namespace {
     throw FormatFault(why);
 }
 
-/// Has the library save by a name, and holds what it wrote, as it is read, against what it should
-/// be.
+/// Has the library save, by a name without a suffix, and holds what it wrote, as it is read,
+/// against what it should be.
 template <class Save, class IsSame>
 void writeChecked(SafeFile& file, const Save& save, Scene (*read)(const std::string&),
                   const IsSame& isSame) {
+    const std::string name = file.opened();
     errno = 0;
-    const bool isSaved = save(file.temporary().c_str());
+    const bool isSaved = save(name.c_str());
     const int error = errno;
     if (!isSaved) file.failWritten(error, "cannot be written");
     std::string found = "does not read back as it was written";
@@ -78,16 +80,27 @@ bool sameRange(const Scene& a, const Scene& b) {
 void writeZpt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     ZyrPointCloud cloud = scene.cloud;
     if (cloud.Length() == 0) fail("no points, and a .zpt file has one at least");
-    writeChecked(
-        file, [&](const char* name) { return cloud.Save(name, true, true); }, readZpt,
-        [&](const Scene& back) { return sameCloud(cloud, back.cloud); });
+    ZyrVector3dArray points = cloud.PointData(), normals = cloud.NormalData();
+    cv::Mat colors = pixelsOf(cloud.ColorData());
+    const auto save = [&](const char* name) {
+        return Zyr3DFileIO::SavePointCloud(points, normals, colors, name, true, true);
+    };
+    writeChecked(file, save, readZpt,
+                 [&](const Scene& back) { return sameCloud(cloud, back.cloud); });
 }
 
 void writeZtmt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     if (scene.cloud.Length() == 0) fail("no vertices, and a .ztmt file has one at least");
-    writeChecked(
-        file, [&](const char* name) { return scene.mesh().Save(name, true, true); }, readZtmt,
-        [&](const Scene& back) { return sameMesh(scene, back); });
+    ZyrPointCloud cloud = scene.cloud;
+    ZyrVector3dArray vertices = cloud.PointData(), normals = cloud.NormalData();
+    ZyrVector3dArray triangleNormals = scene.triangleNormals;
+    Zyr3DIntArray triangles = scene.triangles;
+    cv::Mat colors = pixelsOf(cloud.ColorData()), triangleColors = pixelsOf(scene.triangleColors);
+    const auto save = [&](const char* name) {
+        return Zyr3DFileIO::SaveTriangleMesh(vertices, normals, colors, triangles, triangleNormals,
+                                             triangleColors, name, true, true);
+    };
+    writeChecked(file, save, readZtmt, [&](const Scene& back) { return sameMesh(scene, back); });
 }
 
 void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
