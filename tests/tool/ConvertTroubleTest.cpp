@@ -68,6 +68,14 @@ TEST_F(ConvertTrouble, WrongWishesAreUsageErrors) {
     expectTrouble(run("convert in.csv"), 2, "IN and OUT");
 }
 
+TEST_F(ConvertTrouble, ObjWithoutVerticesIsFileTrouble) {
+    for (const std::string bytes : {"", "# nothing\n", "g all\nvn 0 0 1\n"}) {
+        test::writeText(path("in.obj"), bytes);
+        expectTrouble(run("convert in.obj out.ply"), 3, "in.obj: no points");
+        EXPECT_FALSE(fs::exists(path("out.ply")));
+    }
+}
+
 TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     writeCloud();
     expectRefusal("in.csv a.zpt --ascii", "no such body");
