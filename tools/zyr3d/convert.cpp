@@ -138,6 +138,13 @@ void addSceneOptions(CLI::App& command, ConvertSettings& settings) {
                      "A mesh of a grid, where the format holds clouds as well");
 }
 
+/// What the path leads to, also by links.
+std::string targetOf(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
+    return error ? path : target.string();
+}
+
 /// Each input's output, by its place.
 std::vector<std::string> outputsOf(const ConvertOptions& options) {
     if (options.folder.empty() != options.suffix.empty())
@@ -149,11 +156,11 @@ std::vector<std::string> outputsOf(const ConvertOptions& options) {
     }
     const std::string suffix = (options.suffix[0] == '.' ? "" : ".") + options.suffix;
     std::vector<std::string> outputs;
-    std::set<std::string> known;
+    std::set<std::string> targets;
     for (const std::string& file : options.files) {
         const std::string name = std::filesystem::path(file).stem().string() + suffix;
         outputs.push_back((std::filesystem::path(options.folder) / name).string());
-        if (!known.insert(outputs.back()).second)
+        if (!targets.insert(targetOf(outputs.back())).second)
             throw UsageTrouble(outputs.back() + " would be written twice");
     }
     return outputs;
