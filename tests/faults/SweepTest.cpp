@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 
 #include "Allocations.h"
 #include "Formats.h"
 #include "support/MatrixLimit.h"
+#include "support/SweepStride.h"
 
 // Golden files, spoiled in every way that is listed here, under each pair of flags: whatever comes
 // out is consistent with the header, reads back when it is written, and takes no more memory than
@@ -16,12 +16,6 @@ using test::Bytes;
 using test::Content;
 
 namespace {
-
-/// One case of so many runs. Prime, so that a run meets other bits and bytes in each file.
-std::size_t stride() {
-    const char* text = std::getenv("ZYR_SWEEP_STRIDE");
-    return text == nullptr ? 61 : std::strtoul(text, nullptr, 10);
-}
 
 /// Twice what elements may always take, for the body and what is made of it, or what the bytes can
 /// back, and something for the reading itself.
@@ -141,7 +135,7 @@ protected:
     }
 
     /// Whether the next case is run: that depends on the stride alone.
-    bool isNextTaken() { return next_++ % stride() == 0; }
+    bool isNextTaken() { return next_++ % test::sweepStride(61) == 0; }
 
     /// The file is one case.
     void takeCase(const Bytes& bytes) {

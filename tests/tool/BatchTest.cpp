@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "Printable.h"
 #include "Program.h"
 #include "support/Sanitizer.h"
 
@@ -232,6 +233,40 @@ TEST_F(BatchOfFiles, NamesOfAnyBytesDoNotSpoilTheOutput) {
     EXPECT_EQ(run("info *.zrt").out.find('\x1b'), std::string::npos);
     const nlohmann::json json = nlohmann::json::parse(run("info --json *.zrt").out);
     EXPECT_EQ(json["file"], "a\x1b[31m\xEF\xBF\xBD\".zrt");
+}
+
+TEST_F(BatchOfFiles, NamesOfAnyBytesLeaveTroubleOneLine) {
+    makeFiles(1);
+    const std::string bad = " 'a\nb\x1b[31m\xC2\x9B\xff\xC3\xA4.zrt'",
+                      shown = "a?b?[31m??\xC3\xA4.zrt";
+    for (const std::string command : {"info", "check", "diff 0.zrt"})
+        expectTrouble(run(command + bad), 3, "zyr3d: " + shown + ": no such file\n");
+    for (const std::string& line :
+         {"convert" + bad + " o.npy", "convert 0.zrt none/" + bad.substr(1), "demo" + bad,
+          "render" + bad + " o.png", "render 0.zrt none/" + bad.substr(1) + ".png"})
+        expectTrouble(run(line), 3, shown);
+    expectTrouble(run(bad), 2, "zyr3d: " + shown + ": no such subcommand");
+    EXPECT_EQ(run("diff 0.zrt" + bad).err.find('\x1b'), std::string::npos);
+}
+
+TEST(Printable, ReplacesControlCharactersAndBytesThatAreNoUtf8) {
+    for (const auto& [bytes, shown] : std::vector<std::pair<std::string, const char*>>{
+             {"a b~", "a b~"},
+             {std::string("\0\n\t\r\x1b\x1f\x7f", 7), "???????"},
+             {"\xC2\x80 \xC2\x9B \xC2\x9F", "? ? ?"},
+             // The first that is shown, and the ends of what has two, three and four bytes.
+             {"\xC2\xA0", "\xC2\xA0"},
+             {"\xDF\xBF\xE0\xA0\x80", "\xDF\xBF\xE0\xA0\x80"},
+             {"\xED\x9F\xBF\xEE\x80\x80", "\xED\x9F\xBF\xEE\x80\x80"},
+             {"\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"},
+             // A byte alone, and characters that are cut, too long, halves of pairs, or beyond all.
+             {"\x9Bx\xFFx\xFE", "?x?x?"},
+             {"\xC3", "?"},
+             {"\xE2\x82x", "??x"},
+             {"\xC1\xBFx\xE0\x9F\xBFx\xF0\x8F\xBF\xBF", "??x???x????"},
+             {"\xED\xA0\x80", "???"},
+             {"\xF4\x90\x80\x80x\xF5\x80\x80\x80", "????x????"}})
+        EXPECT_EQ(zyr::printable(bytes), shown);
 }
 
 }  // namespace

@@ -42,6 +42,26 @@ TEST_F(CheckOfOthers, ForeignFilesAreReadByTheirReaders) {
     EXPECT_EQ(test::linesOf(result.out)[1].rfind("bad.ply: invalid at byte ", 0), 0u) << result.out;
 }
 
+TEST_F(CheckOfOthers, EmptyFileOfAnySuffixIsInvalid) {
+    std::string names;
+    const std::vector<std::string> suffixes = {"zpt", "ztmt", "zrt", "ply",  "stl", "obj",
+                                               "pcd", "xyz",  "txt", "csv",  "npy", "png",
+                                               "tif", "tiff", "jpg", "jpeg", "bmp"};
+    for (const std::string& suffix : suffixes) {
+        test::writeText(path("empty." + suffix), "");
+        names += " empty." + suffix;
+    }
+    const test::Result checked = run("check" + names), told = run("info" + names);
+    const std::vector<std::string> faults = test::linesOf(checked.out);
+    EXPECT_EQ(checked.exitCode, 1) << checked.err;
+    EXPECT_EQ(told.exitCode, 3);
+    EXPECT_EQ(told.out, "");
+    EXPECT_EQ(test::linesOf(told.err).size(), suffixes.size()) << told.err;
+    ASSERT_EQ(faults.size(), suffixes.size()) << checked.out;
+    for (std::size_t i = 0; i < faults.size(); ++i)
+        EXPECT_EQ(faults[i].rfind("empty." + suffixes[i] + ": invalid", 0), 0u) << faults[i];
+}
+
 TEST_F(CheckOfOthers, ForeignFaultsHaveTheirByte) {
     const std::string ply =
         "ply\nformat binary_little_endian 1.0\nelement vertex 1\nproperty float x\n"
@@ -134,7 +154,11 @@ TEST_F(CheckOfOthers, FaultsOfOtherTextsHaveTheByteOfTheirLine) {
     expectFaults(
         "obj", {{"v 0 0 0\nvn 0 0 1\nf 1//1 1//2 1//1\n", 17, "line 3: a face names normal 2 of 1"},
                 {"v 0 0 0\nf -2 -1 -1\n", 8, "line 2: a face names a vertex before the first"},
-                {"v 0 0 0\n\nf 1 \\\n 1 4\n", 9, "line 3: a face names vertex 4 of 1"}});
+                {"v 0 0 0\n\nf 1 \\\n 1 4\n", 9, "line 3: a face names vertex 4 of 1"},
+                {"v 0 0 0\nvn 0 0 1\nf 1//9223372036854775807\n", 17,
+                 "line 3: a face names normal 9223372036854775807 of 1"},
+                {"v 0 0 0\n\xC2\x9B\x1b[31m\n", 8, "line 2: unknown keyword \"??[31m\""},
+                {"vn 0 0 1\n", 9, "no points"}});
     expectFaults("csv", {{"# points\nx,y,a\n1,2,3\n", 9, "line 2: no columns x, y and z"},
                          {"", 0, "line 1: no columns x, y and z"}});
     expectFaults("stl", {{"solid a\n", 8, "cut short: no endsolid"},

@@ -68,6 +68,38 @@ TEST_F(ConvertTrouble, WrongWishesAreUsageErrors) {
     expectTrouble(run("convert in.csv"), 2, "IN and OUT");
 }
 
+TEST_F(ConvertTrouble, OutputsThatLinksMakeOneAreUsageErrors) {
+    test::writeText(path("a.xyz"), "1 2 3\n");
+    test::writeText(path("b.xyz"), "4 5 6\n");
+    fs::create_directory(path("out"));
+    test::writeText(path("out/a.ply"), "precious");
+    fs::create_symlink("a.ply", path("out/b.ply"));
+    expectRefusal("a.xyz b.xyz --to ply --out out", "out/b.ply would be written twice");
+    expectRefusal("b.xyz a.xyz --to ply --out out", "out/a.ply would be written twice");
+    EXPECT_EQ(test::readText(path("out/a.ply")), "precious");
+    fs::remove(path("out/a.ply"));
+    expectRefusal("a.xyz b.xyz --to ply --out out", "out/b.ply would be written twice");
+}
+
+TEST_F(ConvertTrouble, NamesOfOneFileBecomeFilesOfTheirOwn) {
+    test::writeText(path("a.xyz"), "1 2 3\n");
+    test::writeText(path("b.xyz"), "4 5 6\n");
+    fs::create_directory(path("out"));
+    test::writeText(path("out/a.ply"), "old");
+    fs::create_hard_link(path("out/a.ply"), path("out/b.ply"));
+    say("a.xyz b.xyz --to ply --out out");
+    EXPECT_EQ(test::pointsOf(scene("out/a.ply")), (Doubles{1, 2, 3}));
+    EXPECT_EQ(test::pointsOf(scene("out/b.ply")), (Doubles{4, 5, 6}));
+}
+
+TEST_F(ConvertTrouble, ObjWithoutVerticesIsFileTrouble) {
+    for (const std::string bytes : {"", "# nothing\n", "g all\nvn 0 0 1\n"}) {
+        test::writeText(path("in.obj"), bytes);
+        expectTrouble(run("convert in.obj out.ply"), 3, "in.obj: no points");
+        EXPECT_FALSE(fs::exists(path("out.ply")));
+    }
+}
+
 TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     writeCloud();
     expectRefusal("in.csv a.zpt --ascii", "no such body");

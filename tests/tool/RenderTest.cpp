@@ -142,6 +142,15 @@ TEST_F(RenderCommand, InputIsNeverOverwritten) {
     expectTrouble(run("render in.png --out ."), 2, "in.png: would be overwritten");
 }
 
+TEST_F(RenderCommand, PicturesThatLinksMakeOneAreUsageErrors) {
+    for (const char* name : {"a.png", "b.png"})
+        cv::imwrite(path(name), cv::Mat(8, 8, CV_16UC1, cv::Scalar(3)));
+    std::filesystem::create_directory(path("d"));
+    for (const char* name : {"d/a.png", "d/b.png"})
+        std::filesystem::create_symlink("both.png", path(name));
+    expectTrouble(run("render a.png b.png --out d"), 2, "d/b.png: would be written twice");
+}
+
 TEST_F(RenderCommand, WrongArgumentsAreUsageErrors) {
     expectTrouble(run("render"), 2, "FILE");
     expectTrouble(run("render hill.zpt"), 2, "FILE OUT.png");

@@ -111,7 +111,7 @@ std::string troubleText(const std::string& name) try { throw; } catch (const Fil
 }
 
 void Output::complain(const std::string& text) {
-    err << "zyr3d: " << text << "\n";
+    err << errorLine(text);
 }
 
 void Batch::addOption(CLI::App& command) {

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <iostream>
 
+#include "Printable.h"
 #include "files/QuietCodecs.h"
 
 namespace zyr {
@@ -32,6 +33,10 @@ void flushOut() {
     // What failed at an earlier write has no number any more.
     const std::string why = errno != 0 ? std::strerror(errno) : "cannot be written";
     throw FileTrouble("standard output: " + why);
+}
+
+std::string errorLine(const std::string& text) {
+    return "zyr3d: " + printable(text) + "\n";
 }
 
 void printError(const std::string& text) {

@@ -19,6 +19,9 @@ void prepareStandardStreams();
 void printOut(const std::string& text);
 /// What std::cout still holds.
 void flushOut();
+/// A line for standard error; the program's name comes before the text, which may hold names of any
+/// bytes.
+std::string errorLine(const std::string& text);
 /// Writes to standard error, also while the codecs are kept quiet.
 void printError(const std::string& text);
 

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "Printable.h"
 #include "Table.h"
 
 namespace zyr {
@@ -85,12 +86,6 @@ void Facts::printJson(std::ostream& out, const std::string& file) const {
     json.update(FactsJson()(std::make_shared<const Facts>(*this)));
     // A name may hold any bytes.
     out << json.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << "\n";
-}
-
-std::string printable(std::string text) {
-    for (char& c : text)
-        if ((c >= 0 && c < ' ') || c == 0x7F) c = '?';
-    return text;
 }
 
 std::string percent(std::uint64_t part, std::uint64_t whole) {

@@ -46,8 +46,6 @@ private:
     std::vector<Fact> facts_;
 };
 
-/// Bytes that a terminal might take for commands don't reach it.
-std::string printable(std::string text);
 /// 12.3 % of a whole; rounded down, so that 100.0 % is all.
 std::string percent(std::uint64_t part, std::uint64_t whole);
 

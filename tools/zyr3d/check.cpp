@@ -5,6 +5,7 @@
 #include "Answer.h"
 #include "Batch.h"
 #include "Outcome.h"
+#include "Printable.h"
 #include "check/Check.h"
 
 namespace zyr {

@@ -10,6 +10,7 @@
 #include "Batch.h"
 #include "Outcome.h"
 #include "convert/Conversion.h"
+#include "files/SafeFile.h"
 #include "formats/Text.h"
 
 namespace zyr {
@@ -149,11 +150,11 @@ std::vector<std::string> outputsOf(const ConvertOptions& options) {
     }
     const std::string suffix = (options.suffix[0] == '.' ? "" : ".") + options.suffix;
     std::vector<std::string> outputs;
-    std::set<std::string> known;
+    std::set<std::string> targets;
     for (const std::string& file : options.files) {
         const std::string name = std::filesystem::path(file).stem().string() + suffix;
         outputs.push_back((std::filesystem::path(options.folder) / name).string());
-        if (!known.insert(outputs.back()).second)
+        if (!targets.insert(targetOf(outputs.back())).second)
             throw UsageTrouble(outputs.back() + " would be written twice");
     }
     return outputs;

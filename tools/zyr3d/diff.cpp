@@ -9,6 +9,7 @@
 #include "Console.h"
 #include "Facts.h"
 #include "Outcome.h"
+#include "Printable.h"
 #include "Table.h"
 #include "diff/Deviation.h"
 #include "diff/Pairs.h"
@@ -97,7 +98,7 @@ int compareOne(const Pair& pair, const DiffOptions& options, Output& output) {
 
 int runDiff(const DiffOptions& options) {
     for (const std::string& line : passedOver(options.first, options.second))
-        printError("zyr3d: " + printable(line) + "\n");
+        printError(errorLine(line));
     const std::vector<Pair> pairs = pairsOf(options.first, options.second);
     std::vector<std::string> names;
     for (const Pair& pair : pairs) names.push_back(pair.first);

@@ -5,6 +5,7 @@
 #include "Answer.h"
 #include "Batch.h"
 #include "Outcome.h"
+#include "Printable.h"
 #include "files/FileKind.h"
 #include "info/Description.h"
 

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "Console.h"
-#include "Facts.h"
 #include "Outcome.h"
 #include "check.h"
 #include "convert.h"
@@ -22,7 +21,7 @@ namespace zyr {
 namespace {
 
 int fail(int outcome, const std::string& what) {
-    printError("zyr3d: " + what + "\n");
+    printError(errorLine(what));
     return outcome;
 }
 
@@ -42,7 +41,7 @@ std::size_t distance(const std::string& a, const std::string& b) {
 }
 
 std::string unknownWord(const std::string& word, const CLI::App& app) {
-    std::string text = printable(word) + ": no such subcommand or option";
+    std::string text = word + ": no such subcommand or option";
     for (const CLI::App* known : app.get_subcommands(nullptr))
         if (distance(word, known->get_name()) <= 2)
             return text + "; did you mean " + known->get_name() + "?";

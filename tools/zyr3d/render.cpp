@@ -93,10 +93,14 @@ std::vector<Job> jobsOf(const RenderOptions& options) {
                                       ? singleJob(options.files)
                                       : jobsInto(options.directory, options.files);
     std::error_code error;
-    for (const Job& job : jobs)
+    std::set<std::string> targets;
+    for (const Job& job : jobs) {
+        if (!targets.insert(targetOf(job.output)).second)
+            failUsage(job.output + ": would be written twice");
         for (const Job& other : jobs)
             if (fs::equivalent(job.output, other.input, error))
                 failUsage(other.input + ": would be overwritten by a picture");
+    }
     return jobs;
 }
 

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "Facts.h"
+#include "Printable.h"
 #include "Table.h"
 
 namespace zyr {

@@ -29,11 +29,17 @@ mode_t readMask() {
 const mode_t kMask = readMask();
 
 /// Where the links lead, be there a file or not.
-fs::path resolved(const std::string& path) {
+fs::path followed(const std::string& path) {
     std::error_code error;
     fs::path target = path;
     for (int links = 0; links < 40 && fs::is_symlink(fs::symlink_status(target, error)); ++links)
         target = target.parent_path() / fs::read_symlink(target, error);
+    return target;
+}
+
+fs::path resolved(const std::string& path) {
+    std::error_code error;
+    const fs::path target = followed(path);
     const fs::path found = fs::canonical(target, error);
     if (error == std::errc::no_such_file_or_directory) return target;
     if (error) throw FileTrouble(path + ": " + error.message());
@@ -66,6 +72,12 @@ int syncError(const fs::path& folder) {
 }
 
 }  // namespace
+
+std::string targetOf(const std::string& path) {
+    std::error_code error;
+    const fs::path target = fs::weakly_canonical(followed(path), error);
+    return error ? path : target.string();
+}
 
 SafeFile::SafeFile(const std::string& path) : path_(path), target_(resolved(path)) {
     // Who may replace a file and not write it is not meant to.

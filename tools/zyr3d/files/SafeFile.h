@@ -45,4 +45,7 @@ private:
     int file_ = -1;
 };
 
+/// Where the bytes of such a file go, by links too, be there a file or not.
+std::string targetOf(const std::string& path);
+
 }  // namespace zyr

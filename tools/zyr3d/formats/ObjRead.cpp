@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <set>
 
 #include "formats/Faces.h"
@@ -79,11 +80,11 @@ private:
     }
 
     /// From 0, of an index that counts from 1, or back from the last one when it is negative.
-    double resolved(std::string_view word, int count, const char* what) const {
+    std::int64_t resolved(std::string_view word, int count, const char* what) const {
         std::int64_t index = 0;
         if (!parseInteger(word, index) || index == 0) fail("not an index: " + quoted(word));
         if (index < -count) fail(std::string("a face names a ") + what + " before the first");
-        return static_cast<double>(index > 0 ? index - 1 : index + count);
+        return index > 0 ? index - 1 : index + count;
     }
 
     /// Words are v, v/vt, v//vn or v/vt/vn.
@@ -92,16 +93,18 @@ private:
             const std::string_view word = words_[i];
             const std::size_t slash = word.find('/');
             const std::size_t second = slash == word.npos ? slash : word.find('/', slash + 1);
-            corners_.push_back(resolved(word.substr(0, slash), vertices_.Length(), "vertex"));
+            corners_.push_back(
+                static_cast<double>(resolved(word.substr(0, slash), vertices_.Length(), "vertex")));
             const bool hasNormal = second != word.npos;
             cornerNormals_.push_back(
-                hasNormal ? resolved(word.substr(second + 1), normals_.Length(), "normal") : -1.0);
+                hasNormal ? resolved(word.substr(second + 1), normals_.Length(), "normal") : -1);
             indices_ += hasNormal ? 2 : 1;
         }
         faces_.push_back({words_.size() - 1, place_});
     }
 
     Scene finish() {
+        if (vertices_.Length() == 0) throw FormatFault("no points");
         Scene scene;
         scene.cloud.SetPoints(vertices_);
         addFaces(scene);
@@ -128,10 +131,9 @@ private:
         faces.finish(scene);
     }
 
-    void requireNormal(double index, const Place& place) const {
+    void requireNormal(std::int64_t index, const Place& place) const {
         if (index < normals_.Length()) return;
-        failAt(place, "a face names normal " +
-                          std::to_string(static_cast<std::int64_t>(index) + 1) + " of " +
+        failAt(place, "a face names normal " + std::to_string(index + 1) + " of " +
                           std::to_string(normals_.Length()));
     }
 
@@ -167,11 +169,11 @@ private:
         if (normals_.Length() == 0) return;
         if (corners_.empty() && normals_.Length() == vertices_.Length())
             return scene.cloud.SetNormals(normals_);
-        std::vector<double> named(static_cast<std::size_t>(vertices_.Length()), -1.0);
+        std::vector<std::int64_t> named(static_cast<std::size_t>(vertices_.Length()), -1);
         bool isClear = !corners_.empty();
         for (std::size_t i = 0; i < corners_.size(); ++i) {
-            double& normal = named[static_cast<std::size_t>(corners_[i])];
-            isClear = isClear && (normal < 0.0 || normal == cornerNormals_[i]);
+            std::int64_t& normal = named[static_cast<std::size_t>(corners_[i])];
+            isClear = isClear && (normal < 0 || normal == cornerNormals_[i]);
             normal = cornerNormals_[i];
         }
         if (!isClear) {
@@ -181,8 +183,8 @@ private:
         ZyrVector3dArray normals;
         normals.SetSize(vertices_.Length());
         for (int i = 0; i < normals.Length(); ++i) {
-            const double index = named[static_cast<std::size_t>(i)];
-            if (index >= 0.0) normals[i] = normals_[static_cast<int>(index)];
+            const std::int64_t index = named[static_cast<std::size_t>(i)];
+            if (index >= 0) normals[i] = normals_[static_cast<int>(index)];
         }
         scene.cloud.SetNormals(normals);
     }
@@ -192,7 +194,8 @@ private:
     std::string joined_;
     std::vector<std::string_view> words_;
     ZyrVector3dArray vertices_, normals_;
-    std::vector<double> colors_, corners_, cornerNormals_;
+    std::vector<double> colors_, corners_;
+    std::vector<std::int64_t> cornerNormals_;  ///< -1: none is named
     std::vector<Face> faces_;
     std::uint64_t indices_ = 0;
     std::set<std::string> passedOver_;

@@ -4,6 +4,8 @@
 #include <array>
 #include <limits>
 
+#include "Printable.h"
+
 namespace zyr {
 namespace {
 
@@ -80,10 +82,7 @@ std::string lowered(std::string_view text) {
 
 std::string quoted(std::string_view word) {
     constexpr std::size_t kMost = 40;
-    std::string text(word.substr(0, kMost));
-    for (char& c : text)
-        if (c < ' ' || c == 0x7F) c = '?';
-    return "\"" + text + (word.size() > kMost ? "...\"" : "\"");
+    return "\"" + printable(word.substr(0, kMost)) + (word.size() > kMost ? "...\"" : "\"");
 }
 
 bool parseNumber(std::string_view word, double& value) {
