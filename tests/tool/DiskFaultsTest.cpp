@@ -197,6 +197,24 @@ protected:
                mount("none", path("d").c_str(), "tmpfs", 0, "size=64k") == 0;
     }
 
+    static constexpr int kNoDisk = 3;
+
+    /// In a process of its own, which has the disk; skips where it may not mount one.
+    template <class Use>
+    void inChild(const Use& use) const {
+        const pid_t child = fork();
+        if (child == 0) {
+            if (!mountDisk()) _exit(kNoDisk);
+            use();
+            _exit(HasFailure() ? 1 : 0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        if (WIFEXITED(status) && WEXITSTATUS(status) == kNoDisk)
+            GTEST_SKIP() << "no rights to mount a file system";
+        EXPECT_EQ(status, 0);
+    }
+
     /// Of a failed write nothing but what was there before stays.
     void expectFull(const std::string& arguments, const std::string& name) const {
         test::writeText(path("d/" + name), "precious");
@@ -212,42 +230,25 @@ protected:
 // As in a build's sandbox.
 TEST_F(FullDisk, WantOfProcIsTold) {
     if (test::hasSanitizer()) GTEST_SKIP() << "the sanitizer wants /proc itself";
-    constexpr int kNoMount = 3;
-    const pid_t child = fork();
-    if (child == 0) {
-        test::hillCloud().Save(path("a.zpt").c_str(), true, true);
-        if (!mountDisk() || mount("none", "/proc", "tmpfs", 0, nullptr) != 0) _exit(kNoMount);
+    test::hillCloud().Save(path("a.zpt").c_str(), true, true);
+    inChild([&] {
+        if (mount("none", "/proc", "tmpfs", 0, nullptr) != 0) _exit(kNoDisk);
         const std::string why = ": can be read and written only where /proc is mounted";
         expectTrouble(run("info a.zpt"), 3, "a.zpt" + why);
         expectTrouble(run("convert in.xyz o.zpt"), 3, "o.zpt" + why);
         EXPECT_EQ(run("convert in.xyz o.ply").exitCode, 0);
-        _exit(HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoMount)
-        GTEST_SKIP() << "no rights to mount a file system";
-    EXPECT_EQ(status, 0);
+    });
 }
 
 TEST_F(FullDisk, OldFilesStayAndTheCauseIsTold) {
-    constexpr int kNoDisk = 3;
-    const pid_t child = fork();
-    if (child == 0) {
-        if (!mountDisk()) _exit(kNoDisk);
+    inChild([&] {
         for (const std::string name : {"o.ply", "o.zpt", "o.ztmt"})
             expectFull("convert --grid 2x2 in.xyz d/" + name, name);
         expectFull("convert in.png d/o.zrt", "o.zrt");
         expectFull("convert in.png d/o.png", "o.png");
         expectFull("render in.xyz d/o.png", "o.png");
         expectFull("demo in.png -o d", "demo.zpt");
-        _exit(HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoDisk)
-        GTEST_SKIP() << "no rights to mount a file system";
-    EXPECT_EQ(status, 0);
+    });
 }
 
 }  // namespace
