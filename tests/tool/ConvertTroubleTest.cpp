@@ -100,6 +100,24 @@ TEST_F(ConvertTrouble, ObjWithoutVerticesIsFileTrouble) {
     }
 }
 
+TEST_F(ConvertTrouble, CloudWithoutPointsIsReadBackFromEachFormatThatIsWritten) {
+    test::writeText(path("in.xyz"), "nan nan nan\n");
+    for (const std::string out : {"a.ply", "a.pcd", "a.xyz", "a.txt", "a.csv", "a.npy"}) {
+        say("in.xyz " + out + " --invalid drop");
+        EXPECT_EQ(say(out + " b.ply"), out + " -> b.ply: 0 points\n");
+    }
+    EXPECT_EQ(test::readText(path("a.xyz")), "# x y z\n");
+}
+
+TEST_F(ConvertTrouble, FormatsThatHaveOnePointAtLeastAreNotWrittenWithout) {
+    test::writeText(path("in.xyz"), "nan nan nan\n");
+    for (const std::string out : {"a.zpt", "a.obj"}) {
+        expectTrouble(run("convert in.xyz " + out + " --invalid drop"), 3,
+                      out + ": no points, and a");
+        EXPECT_FALSE(fs::exists(path(out)));
+    }
+}
+
 TEST_F(ConvertTrouble, WishesThatTheFormatCannotFulfilAreUsageErrors) {
     writeCloud();
     expectRefusal("in.csv a.zpt --ascii", "no such body");

@@ -1,3 +1,4 @@
+#include "formats/Fault.h"
 #include "formats/Rows.h"
 #include "formats/Writers.h"
 
@@ -13,6 +14,7 @@ ZyrVector3d validOrZero(ZyrVector3d normal) {
 
 void writeObj(const Scene& scene, const WriteOptions& options, SafeFile& file) {
     ZyrPointCloud cloud = scene.cloud;
+    if (cloud.Length() == 0) throw FormatFault("no points, and an OBJ file has one at least");
     Rows rows(file, {true, options.isFloat, false, ' '});
     file.put("# written by zyr3d\n");
     for (int i = 0; i < cloud.Length(); ++i) {

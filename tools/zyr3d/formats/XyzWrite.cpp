@@ -49,8 +49,9 @@ bool isMistaken(ZyrPointCloud& cloud, bool isFloat) {
 
 void writeXyz(const Scene& scene, const WriteOptions& options, SafeFile& file) {
     ZyrPointCloud cloud = scene.cloud;
-    // A comment, which other readers pass over.
-    if (isMistaken(cloud, options.isFloat)) file.put("# " + namesOf(cloud, ' '));
+    // A comment, which other readers pass over; without points it tells that this is a cloud.
+    if (cloud.Length() == 0 || isMistaken(cloud, options.isFloat))
+        file.put("# " + namesOf(cloud, ' '));
     writeTable(scene, options.isFloat, ' ', file);
 }
 
