@@ -8,11 +8,11 @@
 #include "Allocations.h"
 #include "FaultyFile.h"
 #include "Formats.h"
+#include "Matrices.h"
 #include "NoMemory.h"
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
 #include "ZyrTriangleMesh.h"
-#include "support/MatrixLimit.h"
 #include "support/Sanitizer.h"
 
 // Memory that runs out at each allocation in turn: false, nothing lost, and objects that go on
@@ -20,22 +20,9 @@
 
 using test::Bytes;
 using test::Content;
+using test::SteadyMatrices;
 
 namespace {
-
-/// Matrices' own allocations do not fail: OpenCV loses the pixels when it finds no memory for their
-/// description. Tests of matrices without memory use the limit alone.
-class SteadyMatrices : public test::MatrixLimit {
-public:
-    SteadyMatrices() : MatrixLimit(1 << 20) {}
-
-    cv::UMatData* allocate(int dims, const int* sizes, int type, void* data, size_t* step,
-                           cv::AccessFlag flags, cv::UMatUsageFlags usage) const override {
-        const test::FailingPaused paused;
-        return MatrixLimit::allocate(dims, sizes, type, data, step, flags, usage);
-    }
-    using MatrixLimit::allocate;
-};
 
 /// Calls use with one allocation after the other failing, until none is reached: it succeeds only
 /// then. Gives how many there are.
@@ -106,6 +93,19 @@ void MemoryFaults::expectOfEachGolden(Holds holds) const {
         waitpid(child, &status, 0);
         EXPECT_EQ(status, 0) << entry.path();
     }
+}
+
+/// One or two elements in each list and store.
+Content fewOfEach() {
+    Content c;
+    for (ZyrVector3dArray* list : {&c.cloud.points, &c.cloud.normals, &c.mesh.vertices,
+                                   &c.mesh.vertexNormals, &c.mesh.triangleNormals})
+        *list = test::vectors({1, 2, 3});
+    c.mesh.triangles = test::indices({4, 5, 6});
+    for (cv::Mat* mat : {&c.cloud.colors, &c.mesh.vertexColors, &c.mesh.triangleColors,
+                         &c.range.values, &c.range.colors})
+        *mat = cv::Mat::ones(1, 2, CV_8UC1);
+    return c;
 }
 
 /// Loads a file and saves it again by paths of both kinds: true unless an allocation fails.
@@ -206,6 +206,22 @@ TEST_P(MemoryFaults, WithoutMemoryForMatricesLoadingGivesFalse) {
         EXPECT_FALSE(load(content));
     }
     EXPECT_TRUE(load(content));
+}
+
+TEST_P(MemoryFaults, LoadingGivesFalseAtEachMatrixAndLeavesTheListsAndStores) {
+    int n = 0;
+    for (bool hasFailed = true; hasFailed; ++n) {
+        Content content = fewOfEach();
+        // Sets the three numbers that any load does.
+        EXPECT_FALSE(EachFormat::load(content, ""));
+        const Bytes before = test::bytesOf(content);
+        const test::FailingMatrix failing(n);
+        const bool isLoaded = load(content);
+        hasFailed = failing.hasFailed();
+        EXPECT_EQ(isLoaded, !hasFailed) << n;
+        EXPECT_EQ(hasFailed, test::bytesOf(content) == before) << n;
+    }
+    EXPECT_EQ(n - 1, GetParam().name == std::string("cloud") ? 1 : 2);
 }
 
 TEST(MemoryOfLists, IsThatOfTheirElements) {
