@@ -5,6 +5,7 @@
 
 #include "Allocations.h"
 #include "Formats.h"
+#include "Lists.h"
 #include "support/MatrixLimit.h"
 #include "support/SweepStride.h"
 
@@ -14,6 +15,8 @@
 
 using test::Bytes;
 using test::Content;
+using test::List;
+using test::listsOf;
 
 namespace {
 
@@ -21,48 +24,6 @@ namespace {
 /// back, and something for the reading itself.
 std::size_t mostMemory(std::size_t fileBytes) {
     return 2 * std::max<std::size_t>(64 << 20, 88 * fileBytes) + (4 << 20);
-}
-
-/// A list's bytes and those of one value: of a component, an index, a colour or a pixel.
-struct List {
-    Bytes bytes;
-    std::size_t valueBytes;
-    bool mayBeMissing = false;  ///< where their number of channels is
-};
-
-List listOf(const ZyrVector3dArray& vectors) {
-    return {test::bytesOf(test::bits(vectors)), sizeof(double)};
-}
-
-List listOf(const cv::Mat& mat) {
-    return {test::bytesOf(mat), mat.elemSize(), true};
-}
-
-std::vector<List> listsOf(const Content& c) {
-    return {listOf(c.cloud.points),
-            listOf(c.cloud.normals),
-            listOf(c.cloud.colors),
-            listOf(c.mesh.vertices),
-            listOf(c.mesh.vertexNormals),
-            listOf(c.mesh.vertexColors),
-            {test::bytesOf(fuzz::indicesOf(c.mesh.triangles)), sizeof(int)},
-            listOf(c.mesh.triangleNormals),
-            listOf(c.mesh.triangleColors),
-            listOf(c.range.values),
-            listOf(c.range.colors)};
-}
-
-/// Each value is the whole list's or zero.
-bool isPartOf(const List& part, const List& whole) {
-    if (part.bytes.size() != whole.bytes.size()) return part.bytes.empty() && whole.mayBeMissing;
-    const Bytes zero(whole.valueBytes);
-    for (auto i = part.bytes.begin(), w = whole.bytes.begin(); i != part.bytes.end();) {
-        const auto end = i + static_cast<std::ptrdiff_t>(whole.valueBytes);
-        if (!std::equal(i, end, w) && !std::equal(i, end, zero.begin())) return false;
-        w += end - i;
-        i = end;
-    }
-    return true;
 }
 
 long numNonZeroBytes(const std::vector<List>& lists) {
@@ -198,8 +159,7 @@ TEST_P(Sweep, WhatIsReadOfAPrefixIsTheWholeFilesOrZero) {
             ASSERT_EQ(part.has_value(), size >= leastLoaded(whole)) << name() << ' ' << size;
             if (!part) continue;
             const std::vector<List> lists = listsOf(*part);
-            EXPECT_TRUE(std::equal(lists.begin(), lists.end(), all.begin(), isPartOf))
-                << name() << ' ' << size;
+            EXPECT_TRUE(test::arePartsOf(lists, all)) << name() << ' ' << size;
             // More bytes give more values, and the first values come with the first bytes.
             EXPECT_GE(numNonZeroBytes(lists), numRead) << name() << ' ' << size;
             numRead = numNonZeroBytes(lists);
