@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <numeric>
 
 #include "support/Lzf.h"
@@ -190,6 +191,12 @@ TEST(LZF, CompressGivesZeroForANegativeOutputLength) {
     EXPECT_EQ(out[0], 9);
 }
 
+TEST(LZF, CompressGivesZeroForANegativeInputLength) {
+    Bytes in(100), out(200, 9);
+    EXPECT_EQ(LZF::compress(in.data(), -1, out.data(), 200), 0);
+    EXPECT_EQ(out, Bytes(200, 9));
+}
+
 TEST(LZF, CompressDoesNotReadBehindTheInput) {
     for (std::size_t size = 1; size < 40; ++size)
         EXPECT_FALSE(lzfCompressed(Bytes(size, 3)).empty()) << size;
@@ -205,6 +212,23 @@ TEST(LZF, DecompressGivesZeroWhereTheOutputIsTooSmall) {
     for (const auto& [name, data] : test::madeData())
         for (int outLen = std::max(0, intSize(data) - 40); outLen < intSize(data); ++outLen)
             EXPECT_EQ(decompressInto(lzfCompressed(data), outLen), 0) << name << ", " << outLen;
+}
+
+TEST(LZF, DecompressGivesZeroForANegativeOutputLength) {
+    unsigned char in[] = {1, 7, 8};
+    unsigned char out[] = {9, 9};
+    for (const int outLen : {-1, std::numeric_limits<int>::min()})
+        EXPECT_EQ(LZF::decompress(in, 3, out, outLen), 0) << outLen;
+    EXPECT_EQ(Bytes(out, out + 2), Bytes(2, 9));
+}
+
+TEST(LZF, DecompressReadsOneChunkForANegativeInputLength) {
+    unsigned char in[] = {1, 7, 8, 0, 6};
+    for (const int inLen : {-1, std::numeric_limits<int>::min()}) {
+        unsigned char out[] = {9, 9, 9};
+        EXPECT_EQ(LZF::decompress(in, inLen, out, 3), 2) << inLen;
+        EXPECT_EQ(Bytes(out, out + 3), (Bytes{7, 8, 9})) << inLen;
+    }
 }
 
 TEST(LZF, MeasuredDataComeBack) {
