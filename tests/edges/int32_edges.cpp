@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -13,8 +14,8 @@
 #include <random>
 #include <string>
 
-#include "Zyr3DFileIO.h"
-#include "ZyrVector3dArray.h"
+#include "support/MeshFile.h"
+#include "support/RangeFile.h"
 
 // Sizes at the edges of 32-bit integers. Each case runs in a process of its own, whose memory is
 // measured. usage: int32_edges FOLDER
@@ -25,9 +26,34 @@ namespace fs = std::filesystem;
 
 std::string folder;
 
+std::string file(const char* name) {
+    return folder + "/" + name;
+}
+
+// What lies at a list's i-th place: values that hardly compress, or ones in long runs.
+using Value = double (*)(std::size_t i);
+
+double scattered(std::size_t i) {
+    return 0.01 * static_cast<double>(i * 2654435761U % 1000003);
+}
+
+double inRuns(std::size_t i) {
+    return static_cast<double>(i >> 16);
+}
+
+struct Size {
+    int points;
+    bool isFull;  ///< with normals and colours
+    Value value;
+};
+
 /// The first whose bytes, times three, no longer fit an int.
-constexpr int kPoints24 = 29826162;
-constexpr int kPoints52 = 13765921;
+constexpr Size kPoints24{29826162, false, scattered};
+constexpr Size kPoints52{13765921, true, scattered};
+/// Bodies that take more than 2 GiB, and compress.
+constexpr Size kInRuns{95000000, false, inRuns};
+constexpr int kVertices = 60000000, kTriangles = 75000000;
+constexpr int kRows = 46341;
 /// The first numbers of points whose columns take 4 GiB and more.
 constexpr int kRefused24 = 178956971;
 constexpr int kRefused52 = 82595525;
@@ -44,81 +70,132 @@ struct Cloud {
     }
 };
 
-double coordinate(std::size_t i) {
-    return 0.01 * static_cast<double>(i * 2654435761U % 1000003);
-}
-
-void fill(ZyrVector3dArray& list, int n) {
+void fill(ZyrVector3dArray& list, int n, Value value) {
     list.SetSize(n);
     double* values = list.Data();
-    for (std::size_t i = 0; i < 3 * static_cast<std::size_t>(n); ++i) values[i] = coordinate(i);
+    for (std::size_t i = 0; i < 3 * static_cast<std::size_t>(n); ++i) values[i] = value(i);
 }
 
-void fill(Cloud& cloud, int points, bool isFull) {
-    fill(cloud.points, points);
-    if (!isFull) return;
+void fill(Cloud& cloud, const Size& size) {
+    fill(cloud.points, size.points, size.value);
+    if (!size.isFull) return;
     cloud.normals = cloud.points;
-    cloud.colors = cv::Mat(1, points, CV_8UC4);
-    for (std::size_t i = 0; i < 4 * static_cast<std::size_t>(points); ++i)
+    cloud.colors = cv::Mat(1, size.points, CV_8UC4);
+    for (std::size_t i = 0; i < 4 * static_cast<std::size_t>(size.points); ++i)
         cloud.colors.data[i] = static_cast<unsigned char>(i * 31 % 251);
 }
 
-bool holds(const ZyrVector3dArray& list, int n) {
+bool holds(const ZyrVector3dArray& list, int n, Value value) {
     if (list.Length() != n) return false;
     const double* values = list.Data();
     for (std::size_t i = 0; i < 3 * static_cast<std::size_t>(n); ++i)
-        if (values[i] != coordinate(i)) return false;
+        if (values[i] != value(i)) return false;
     return true;
 }
 
-bool holds(const Cloud& cloud, int points, bool isFull) {
-    if (!holds(cloud.points, points)) return false;
-    if (!isFull) return true;
-    if (cloud.colors.cols != points || cloud.colors.channels() != 4) return false;
-    for (std::size_t i = 0; i < 4 * static_cast<std::size_t>(points); ++i)
+bool holds(const Cloud& cloud, const Size& size) {
+    if (!holds(cloud.points, size.points, size.value)) return false;
+    if (!size.isFull) return true;
+    if (cloud.colors.cols != size.points || cloud.colors.channels() != 4) return false;
+    for (std::size_t i = 0; i < 4 * static_cast<std::size_t>(size.points); ++i)
         if (cloud.colors.data[i] != static_cast<unsigned char>(i * 31 % 251)) return false;
-    return holds(cloud.normals, points);
+    return holds(cloud.normals, size.points, size.value);
 }
 
-bool writes(int points, bool isFull, const std::string& path) {
+bool writesCloud(const Size& size) {
     Cloud cloud;
-    fill(cloud, points, isFull);
-    return cloud.save(path, isFull) && fs::file_size(path) > 1000000;
+    fill(cloud, size);
+    return cloud.save(file("edge.zpt"), size.isFull) && fs::file_size(file("edge.zpt")) > 1000000;
 }
 
-bool reads(int points, bool isFull, const std::string& path) {
+bool readsCloud(const Size& size) {
     Cloud cloud;
-    return cloud.load(path, isFull) && holds(cloud, points, isFull);
+    return cloud.load(file("edge.zpt"), size.isFull) && holds(cloud, size);
 }
 
-bool isRefused(int points, bool isFull) {
-    const std::string path = folder + "/refused.zpt";
+bool writesMesh() {
+    test::MeshLists mesh;
+    fill(mesh.vertices, kVertices, inRuns);
+    mesh.triangles.SetSize(3 * kTriangles);
+    for (std::size_t i = 0; i < 3 * static_cast<std::size_t>(kTriangles); ++i)
+        mesh.triangles.Data()[i] = static_cast<int>(inRuns(i));
+    return mesh.save(file("edge.ztmt"), false, false);
+}
+
+bool readsMesh() {
+    test::MeshLists mesh;
+    if (!mesh.load(file("edge.ztmt"), false, false) || mesh.triangles.Length() != 3 * kTriangles)
+        return false;
+    for (std::size_t i = 0; i < 3 * static_cast<std::size_t>(kTriangles); ++i)
+        if (mesh.triangles.Data()[i] != static_cast<int>(inRuns(i))) return false;
+    return holds(mesh.vertices, kVertices, inRuns);
+}
+
+bool writesImage() {
+    test::Stores image;
+    image.values = cv::Mat(kRows, kRows, CV_8U);
+    for (int row = 0; row < kRows; ++row) std::memset(image.values.ptr(row), row >> 8, kRows);
+    return image.save(file("edge.zrt").c_str(), false);
+}
+
+bool readsImage() {
+    test::Stores image;
+    if (!image.load(file("edge.zrt").c_str(), true)) return false;
+    const cv::Mat& values = image.values;
+    if (values.rows != kRows || values.cols != kRows || values.type() != CV_8U) return false;
+    for (int row = 0; row < kRows; ++row)
+        if (std::count(values.ptr(row), values.ptr(row) + kRows, row >> 8) != kRows) return false;
+    return image.colors.empty();
+}
+
+/// Random bytes do not compress: their stream is longer than they are.
+void randomize(void* bytes, std::size_t size) {
+    std::mt19937_64 random(1);
+    for (std::size_t i = 0; i + 8 <= size; i += 8) {
+        const std::uint64_t word = random();
+        std::memcpy(static_cast<unsigned char*>(bytes) + i, &word, sizeof word);
+    }
+}
+
+bool isCloudRefused(Cloud cloud, bool isFull) {
+    return !cloud.save(file("refused"), isFull) && !fs::exists(file("refused"));
+}
+
+bool isLargeCloudRefused(int points, bool isFull) {
     Cloud cloud;
     cloud.points.SetSize(points);
     if (isFull) {
         cloud.normals = cloud.points;
         cloud.colors = cv::Mat::zeros(1, points, CV_8UC4);
     }
-    return !cloud.save(path, isFull) && !fs::exists(path);
+    return isCloudRefused(cloud, isFull);
 }
 
-/// Random bytes do not compress, and their stream is longer than a size word can state.
+bool isRandomCloudRefused() {
+    Cloud cloud;
+    cloud.points.SetSize(kRefused24 - 1);
+    randomize(cloud.points.Data(), 24 * static_cast<std::size_t>(kRefused24 - 1));
+    return isCloudRefused(cloud, false);
+}
+
+bool isLargeMeshRefused() {
+    test::MeshLists mesh;
+    mesh.vertices.SetSize(kRefused24 - 1);
+    mesh.triangles.SetSize(6);
+    return !mesh.save(file("refused"), false, false) && !fs::exists(file("refused"));
+}
+
 cv::Mat randomGrid() {
-    cv::Mat grid(46341, 46341, CV_8U);
-    std::mt19937_64 random(1);
-    for (std::size_t i = 0; i + 8 <= grid.total(); i += 8) {
-        const std::uint64_t word = random();
-        std::memcpy(grid.data + i, &word, sizeof word);
-    }
+    cv::Mat grid(kRows, kRows, CV_8U);
+    randomize(grid.data, grid.total());
     return grid;
 }
 
-bool isImageRefused(cv::Mat values, cv::Mat colors) {
-    const std::string path = folder + "/refused.zrt";
-    double n = 1;
-    return !Zyr3DFileIO::SaveRangeImage(values, colors, path.c_str(), n, n, n, n, n, n, n, n,
-                                        true) &&
-           !fs::exists(path);
+bool isImageRefused(const cv::Mat& values, const cv::Mat& colors) {
+    test::Stores image;
+    image.values = values;
+    image.colors = colors;
+    return !image.save(file("refused").c_str(), true) && !fs::exists(file("refused"));
 }
 
 bool run(const std::string& name, const std::function<bool()>& work) {
@@ -130,7 +207,7 @@ bool run(const std::string& name, const std::function<bool()>& work) {
     wait4(child, &status, 0, &usage);
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     const bool isGood = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-    std::printf("%-6s %-46s %6.1f s %8.0f MB\n", isGood ? "good" : "FAILED", name.c_str(),
+    std::printf("%-6s %-48s %6.1f s %8.0f MB\n", isGood ? "good" : "FAILED", name.c_str(),
                 time.count(), static_cast<double>(usage.ru_maxrss) / 1024);
     std::fflush(stdout);
     return isGood;
@@ -140,24 +217,30 @@ bool run(const std::string& name, const std::function<bool()>& work) {
 
 int main(int argc, char** argv) {
     folder = argc > 1 ? argv[1] : ".";
-    const std::string small = folder + "/edge24.zpt";
-    const std::string full = folder + "/edge52.zpt";
     bool isGood = true;
-    isGood &= run("29826162 points of 24 bytes are written",
-                  [&] { return writes(kPoints24, false, small); });
-    isGood &= run("and read back bit for bit", [&] { return reads(kPoints24, false, small); });
-    fs::remove(small);
-    isGood &= run("13765921 points of 52 bytes are written",
-                  [&] { return writes(kPoints52, true, full); });
-    isGood &= run("and read back bit for bit", [&] { return reads(kPoints52, true, full); });
-    fs::remove(full);
-    isGood &= run("178956971 points of 24 bytes are refused",
-                  [] { return isRefused(kRefused24, false); });
-    isGood &=
-        run("82595525 points of 52 bytes are refused", [] { return isRefused(kRefused52, true); });
-    isGood &= run("an image of 46341 x 46341 random bytes is refused",
+    const auto cloudComesBack = [&](const std::string& name, const Size& size) {
+        isGood &= run(name + " written", [&] { return writesCloud(size); });
+        isGood &= run("and read back bit for bit", [&] { return readsCloud(size); });
+        fs::remove(file("edge.zpt"));
+    };
+    cloudComesBack("29826162 points of 24 bytes", kPoints24);
+    cloudComesBack("13765921 points of 52 bytes", kPoints52);
+    cloudComesBack("95000000 points of 24 bytes in runs", kInRuns);
+    isGood &= run("60000000 vertices, 75000000 triangles written", writesMesh);
+    isGood &= run("and read back", readsMesh);
+    fs::remove(file("edge.ztmt"));
+    isGood &= run("an image of 46341 x 46341 bytes written", writesImage);
+    isGood &= run("and read back", readsImage);
+    fs::remove(file("edge.zrt"));
+    isGood &= run("178956971 points of 24 bytes refused",
+                  [] { return isLargeCloudRefused(kRefused24, false); });
+    isGood &= run("82595525 points of 52 bytes refused",
+                  [] { return isLargeCloudRefused(kRefused52, true); });
+    isGood &= run("178956970 random points of 24 bytes refused", isRandomCloudRefused);
+    isGood &= run("178956970 vertices, 2 triangles refused", isLargeMeshRefused);
+    isGood &= run("an image of 46341 x 46341 random bytes refused",
                   [] { return isImageRefused(randomGrid(), cv::Mat()); });
-    isGood &= run("one with as many random colours is refused", [] {
+    isGood &= run("one with as many random colours refused", [] {
         const cv::Mat colors = randomGrid();
         return isImageRefused(cv::Mat::zeros(colors.size(), CV_8U), colors);
     });
