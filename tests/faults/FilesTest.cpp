@@ -73,12 +73,14 @@ TEST_P(FileFaults, AFolderGivesFalse) {
 TEST_P(FileFaults, AFileWithoutRightsGivesFalse) {
     namespace fs = std::filesystem;
     fs::permissions(folder_.path(""), fs::perms::all);
-    test::writeFile(file(), {});
+    Content content = test::sampleOf(GetParam());
+    for (const char* name : {"allowed", "file"}) ASSERT_TRUE(save(content, file(name)));
+    fs::permissions(file("allowed"), fs::perms::all);
     fs::permissions(file(), fs::perms::none);
     const auto use = [&] {
-        Content content = test::sampleOf(GetParam());
         becomeNobody();
-        exitWith(!load(content, file()) && !save(content, file()));
+        exitWith(load(content, file("allowed")) && save(content, file("allowed")) &&
+                 !load(content, file()) && !save(content, file()));
     };
     EXPECT_EXIT(use(), testing::ExitedWithCode(0), "");
 }
