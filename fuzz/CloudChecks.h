@@ -40,10 +40,6 @@ inline bool isColorRow(const cv::Mat& colors, int elements) {
            (channels == 1 || channels == 3 || channels == 4);
 }
 
-inline Bytes matBytes(const cv::Mat& mat) {
-    return Bytes(mat.data, mat.data + mat.total() * mat.elemSize());
-}
-
 /// As a file gives them back.
 inline ZyrVector3dArray withoutNaN(ZyrVector3dArray array) {
     ZyrVector3dArray plain = array.DeepCopy();

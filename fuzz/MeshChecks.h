@@ -18,13 +18,13 @@ inline void checkMeshRoundTrip(test::MeshLists& mesh, int faces) {
     require(test::bits(again.vertices) == test::bits(mesh.vertices), "vertices come back");
     require(test::bits(again.vertexNormals) == test::bits(mesh.vertexNormals),
             "vertex normals come back");
-    require(matBytes(again.vertexColors) == matBytes(mesh.vertexColors),
+    require(test::bytesOf(again.vertexColors) == test::bytesOf(mesh.vertexColors),
             "vertex colours come back");
     require(indicesOf(again.triangles) == indicesOf(mesh.triangles), "triangles come back");
     if (faces == 0) return;
     require(test::bits(again.triangleNormals) == test::bits(mesh.triangleNormals),
             "triangle normals come back");
-    require(matBytes(again.triangleColors) == matBytes(mesh.triangleColors),
+    require(test::bytesOf(again.triangleColors) == test::bytesOf(mesh.triangleColors),
             "triangle colours come back");
 }
 

@@ -23,8 +23,8 @@ struct Content {
 /// The bytes of all of it, and whether it was loaded.
 inline Bytes bytesOf(const Content& c) {
     std::vector<Bytes> parts = {c.cloud.colorBytes(),
-                                matrixBytes(c.mesh.vertexColors),
-                                matrixBytes(c.mesh.triangleColors),
+                                bytesOf(c.mesh.vertexColors),
+                                bytesOf(c.mesh.triangleColors),
                                 bytesOf(c.range.values),
                                 bytesOf(c.range.colors),
                                 fuzz::calibrationBytes(c.range),

@@ -24,10 +24,6 @@ bool loadInto(cv::Mat& colors, const Bytes& bytes, bool withColors = true) {
                                        withColors);
 }
 
-Bytes bytesOfMatrix(const cv::Mat& colors) {
-    return Bytes(colors.data, colors.data + colors.total() * colors.elemSize());
-}
-
 }  // namespace
 
 TEST(CloudColors, TakeTheChannelsOfTheFile) {
@@ -73,7 +69,7 @@ TEST(CloudColors, MatrixOfThatShapeIsFilledInPlace) {
     const unsigned char* pixels = colors.data;
     EXPECT_TRUE(loadInto(colors, file(3)));
     EXPECT_EQ(colors.data, pixels);
-    EXPECT_EQ(bytesOfMatrix(sharer), (Bytes{30, 20, 10, 3, 2, 1}));
+    EXPECT_EQ(test::bytesOf(sharer), (Bytes{30, 20, 10, 3, 2, 1}));
 }
 
 TEST(CloudColors, MatrixOfAnotherShapeIsMadeAnew) {
@@ -83,35 +79,35 @@ TEST(CloudColors, MatrixOfAnotherShapeIsMadeAnew) {
         cv::Mat colors = other;
         EXPECT_TRUE(loadInto(colors, file(3)));
         EXPECT_EQ(colors.size(), cv::Size(2, 1));
-        EXPECT_EQ(bytesOfMatrix(colors), (Bytes{30, 20, 10, 3, 2, 1}));
-        EXPECT_EQ(bytesOfMatrix(other), Bytes(other.total() * other.elemSize(), 99));
+        EXPECT_EQ(test::bytesOf(colors), (Bytes{30, 20, 10, 3, 2, 1}));
+        EXPECT_EQ(test::bytesOf(other), Bytes(other.total() * other.elemSize(), 99));
     }
 }
 
 TEST(CloudColors, MatrixStaysWhereColoursAreNotWanted) {
     cv::Mat colors = test::colorRow({9, 9}, 1);
     EXPECT_TRUE(loadInto(colors, file(3), false));
-    EXPECT_EQ(bytesOfMatrix(colors), (Bytes{9, 9}));
+    EXPECT_EQ(test::bytesOf(colors), (Bytes{9, 9}));
 }
 
 TEST(CloudColors, MatrixStaysWhereTheFileHasNone) {
     cv::Mat colors = test::colorRow({9, 9}, 1);
     const Bytes bytes = test::joined(CloudHeader(2).bytes(), test::compressed(3, Bytes(48)));
     EXPECT_TRUE(loadInto(colors, bytes));
-    EXPECT_EQ(bytesOfMatrix(colors), (Bytes{9, 9}));
+    EXPECT_EQ(test::bytesOf(colors), (Bytes{9, 9}));
 }
 
 TEST(CloudColors, MatrixStaysWhereTheFileIsRefused) {
     cv::Mat colors = test::colorRow({9, 9}, 1);
     EXPECT_FALSE(loadInto(colors, file(2)));
-    EXPECT_EQ(bytesOfMatrix(colors), (Bytes{9, 9}));
+    EXPECT_EQ(test::bytesOf(colors), (Bytes{9, 9}));
 }
 
 TEST(CloudColors, ColoursBehindTheCutAreZero) {
     cv::Mat colors = test::colorRow(Bytes(6, 99), 3);
     const Bytes whole = file(3);
     EXPECT_TRUE(loadInto(colors, test::prefix(whole, whole.size() - 1)));
-    EXPECT_EQ(bytesOfMatrix(colors), (Bytes{30, 20, 10, 0, 0, 0}));
+    EXPECT_EQ(test::bytesOf(colors), (Bytes{30, 20, 10, 0, 0, 0}));
 }
 
 TEST(CloudColors, MatrixStaysWhereTheBodyEndsBeforeItsChannelCountDoes) {
@@ -121,7 +117,7 @@ TEST(CloudColors, MatrixStaysWhereTheBodyEndsBeforeItsChannelCountDoes) {
         cv::Mat colors = test::colorRow({9, 9}, 1);
         EXPECT_TRUE(loadInto(colors, test::prefix(whole, size)));
         EXPECT_EQ(colors.size(), cv::Size(2, 1)) << size;
-        EXPECT_EQ(bytesOfMatrix(colors), (Bytes{9, 9})) << size;
+        EXPECT_EQ(test::bytesOf(colors), (Bytes{9, 9})) << size;
     }
 }
 
@@ -130,5 +126,5 @@ TEST(CloudColors, MatrixIsBlackWhereTheBodyEndsBehindItsChannelCount) {
     const std::size_t body = whole.size() - test::compressed(3, Bytes(56)).size();
     cv::Mat colors = test::colorRow({9, 9}, 1);
     EXPECT_TRUE(loadInto(colors, test::prefix(whole, body + 4)));
-    EXPECT_EQ(bytesOfMatrix(colors), Bytes(6, 0));
+    EXPECT_EQ(test::bytesOf(colors), Bytes(6, 0));
 }

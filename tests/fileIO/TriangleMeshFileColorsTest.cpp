@@ -20,11 +20,11 @@ Bytes file(std::uint32_t vertexChannels, std::uint32_t triangleChannels) {
 }
 
 Bytes vertexColors(const Bytes& bytes) {
-    return test::matrixBytes(test::loadMesh(bytes).vertexColors);
+    return test::bytesOf(test::loadMesh(bytes).vertexColors);
 }
 
 Bytes triangleColors(const Bytes& bytes) {
-    return test::matrixBytes(test::loadMesh(bytes).triangleColors);
+    return test::bytesOf(test::loadMesh(bytes).triangleColors);
 }
 
 }  // namespace
@@ -71,8 +71,8 @@ TEST(MeshColors, ThatAreWantedButNotInTheFileAreNoFailureAndLeaveTheMatrices) {
     mesh.vertexColors = test::colorRow({9, 9}, 1);
     mesh.triangleColors = test::colorRow({8}, 1);
     EXPECT_TRUE(mesh.load(test::meshFile(MeshHeader(1, 1), Bytes(36))));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), (Bytes{9, 9}));
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{8}));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), (Bytes{9, 9}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{8}));
 }
 
 TEST(MeshColors, MatricesStayWhereColoursAreNotWanted) {
@@ -80,8 +80,8 @@ TEST(MeshColors, MatricesStayWhereColoursAreNotWanted) {
     mesh.vertexColors = test::colorRow({9, 9}, 1);
     mesh.triangleColors = test::colorRow({8}, 1);
     EXPECT_TRUE(mesh.load(file(3, 3), true, false));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), (Bytes{9, 9}));
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{8}));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), (Bytes{9, 9}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{8}));
 }
 
 TEST(MeshColors, MatricesOfThatShapeAreFilledInPlace) {
@@ -90,8 +90,8 @@ TEST(MeshColors, MatricesOfThatShapeAreFilledInPlace) {
     mesh.triangleColors = test::colorRow({8, 8}, 1);
     const MeshLists sharer = mesh;
     EXPECT_TRUE(mesh.load(file(3, 1)));
-    EXPECT_EQ(test::matrixBytes(sharer.vertexColors), (Bytes{30, 20, 10}));
-    EXPECT_EQ(test::matrixBytes(sharer.triangleColors), (Bytes{3, 6}));
+    EXPECT_EQ(test::bytesOf(sharer.vertexColors), (Bytes{30, 20, 10}));
+    EXPECT_EQ(test::bytesOf(sharer.triangleColors), (Bytes{3, 6}));
 }
 
 TEST(MeshColors, MatricesOfAnotherShapeAreMadeAnew) {
@@ -100,7 +100,7 @@ TEST(MeshColors, MatricesOfAnotherShapeAreMadeAnew) {
     const MeshLists sharer = mesh;
     EXPECT_TRUE(mesh.load(file(3, 4)));
     EXPECT_EQ(mesh.triangleColors.size(), cv::Size(2, 1));
-    EXPECT_EQ(test::matrixBytes(sharer.vertexColors), (Bytes{9, 9, 9, 9}));
+    EXPECT_EQ(test::bytesOf(sharer.vertexColors), (Bytes{9, 9, 9, 9}));
 }
 
 TEST(MeshColors, ColoursBehindTheCutAreZero) {
@@ -108,5 +108,5 @@ TEST(MeshColors, ColoursBehindTheCutAreZero) {
     mesh.triangleColors = test::colorRow(Bytes(6, 99), 3);
     const Bytes whole = file(3, 3);
     EXPECT_TRUE(mesh.load(test::prefix(whole, whole.size() - 1)));
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{3, 2, 1, 0, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{3, 2, 1, 0, 0, 0}));
 }

@@ -115,7 +115,7 @@ TEST(MeshColumns, UnknownColumnsBehindAFaceFieldHaveOneElementAFace) {
         load(MeshHeader(2, 1).columns("x y z fa fb fc t frgb u", "8 8 8 4 4 4 2 4 1"),
              all({doubles(), corners(), Bytes(2, 9), bytesOf<int>({1}), Bytes(1, 9)}));
     expectPlain(mesh);
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{1, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{1, 0, 0}));
 }
 
 TEST(MeshColumns, GroupsMayComeInAnyOrder) {
@@ -125,8 +125,8 @@ TEST(MeshColumns, GroupsMayComeInAnyOrder) {
              all({bytesOf<int>({1}), corners(), bytesOf<int>({2, 3}), bytesOf<double>({10, 11, 12}),
                   doubles(), bytesOf<double>({0, 1, 2, 3, 4, 5})}));
     expectPlain(mesh);
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{1, 0, 0}));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), (Bytes{2, 0, 0, 3, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{1, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), (Bytes{2, 0, 0, 3, 0, 0}));
     EXPECT_EQ(test::values(mesh.triangleNormals), (Values{10, 11, 12}));
     EXPECT_EQ(test::values(mesh.vertexNormals), (Values{0, 2, 4, 1, 3, 5}));
 }
@@ -142,7 +142,7 @@ TEST(MeshColumns, NormalsAndColoursMayComeFirst) {
         load(MeshHeader(2, 1).columns("rgb x y z fa fb fc", "4 8 8 8 4 4 4"),
              all({bytesOf<int>({2, 3}), plain}));
     expectPlain(withColors);
-    EXPECT_EQ(test::matrixBytes(withColors.vertexColors), (Bytes{2, 0, 0, 3, 0, 0}));
+    EXPECT_EQ(test::bytesOf(withColors.vertexColors), (Bytes{2, 0, 0, 3, 0, 0}));
     const LoadedMesh withFaceNormals =
         load(MeshHeader(2, 1).columns("fnx fny fnz x y z fa fb fc", "8 8 8 8 8 8 4 4 4"),
              all({bytesOf<double>({10, 11, 12}), plain}));
@@ -165,7 +165,7 @@ TEST(MeshColumns, OfRepeatedFaceFieldsBehindOthersTheFirstHaveOneElementAFace) {
         load(MeshHeader(2, 1).columns("x y z frgb fa fb fc fa fb fc", "8 8 8 4 4 4 4 4 4 4"),
              all({doubles(), bytesOf<int>({1}), Bytes(12, 9), corners()}));
     expectPlain(mesh);
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{1, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{1, 0, 0}));
 }
 
 TEST(MeshColumns, FirstOfManyValuesIsRead) {
@@ -175,7 +175,7 @@ TEST(MeshColumns, FirstOfManyValuesIsRead) {
         load(header, all({bytesOf<double>({1, -1, 4, -4, 2, 5, 3, 6}), bytesOf<int>({1, 9, 2, 9}),
                           bytesOf<int>({7, 8, -8, -8, 9})}));
     expectPlain(mesh);
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), (Bytes{1, 0, 0, 2, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), (Bytes{1, 0, 0, 2, 0, 0}));
 }
 
 TEST(MeshColumns, TypeLettersAreNotConsulted) {

@@ -54,7 +54,7 @@ TEST(MeshDocument, WorkedBytesAreRead) {
     const test::LoadedMesh mesh = test::loadMesh(test::joined(header.bytes(), body));
     EXPECT_TRUE(mesh.isLoaded);
     EXPECT_EQ(test::values(mesh.vertices), test::values(worked().vertices));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), test::matrixBytes(worked().vertexColors));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), test::bytesOf(worked().vertexColors));
     EXPECT_EQ(test::values(mesh.triangles), (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(test::values(mesh.triangleNormals), (std::vector<double>{0, 0, 1}));
 }

@@ -57,7 +57,7 @@ MeshLists cutTo(const MeshLists& whole, const Bytes& body) {
 void expectSameColors(const cv::Mat& a, const cv::Mat& b) {
     EXPECT_EQ(a.size(), b.size());
     EXPECT_EQ(a.type(), b.type());
-    EXPECT_EQ(test::matrixBytes(a), test::matrixBytes(b));
+    EXPECT_EQ(test::bytesOf(a), test::bytesOf(b));
 }
 
 void expectSame(const MeshLists& a, const MeshLists& b) {

@@ -88,10 +88,10 @@ TEST(MeshHeader, WithoutSizesAndCountsGivesAllLists) {
                            test::bytesOf<int>({14})})));
     EXPECT_TRUE(mesh.isLoaded);
     EXPECT_EQ(test::values(mesh.vertexNormals), (std::vector<double>{4, 5, 6}));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), (Bytes{7, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), (Bytes{7, 0, 0}));
     EXPECT_EQ(test::values(mesh.triangles), (std::vector<int>{8, 9, 10}));
     EXPECT_EQ(test::values(mesh.triangleNormals), (std::vector<double>{11, 12, 13}));
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), (Bytes{14, 0, 0}));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), (Bytes{14, 0, 0}));
 }
 
 TEST(MeshHeader, WithoutFieldsHasTheSixThatEveryMeshHas) {
@@ -249,7 +249,7 @@ TEST(MeshAscii, ColoursStayAsTheyAre) {
     mesh.vertexColors = test::colorRow({9}, 1);
     MeshHeader header = MeshHeader(1, 0).columns("x y z rgb fa fb fc", "8 8 8 4 4 4 4");
     EXPECT_TRUE(mesh.load(header.kind("ascii").bytes()));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), Bytes{9});
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), Bytes{9});
 }
 
 TEST(MeshAscii, NoVerticesGiveFalse) {

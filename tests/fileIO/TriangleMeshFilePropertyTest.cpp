@@ -32,7 +32,7 @@ MeshLists anyMesh() {
 bool areSame(const cv::Mat& a, const cv::Mat& b) {
     return a.empty() == b.empty() &&
            (a.empty() || (a.size() == b.size() && a.type() == b.type())) &&
-           test::matrixBytes(a) == test::matrixBytes(b);
+           test::bytesOf(a) == test::bytesOf(b);
 }
 
 std::string anySize() {

@@ -256,8 +256,8 @@ TEST(MeshWriting, InputsStayAsTheyAre) {
     EXPECT_EQ(test::bits(mesh.vertexNormals), test::bits(before.vertexNormals));
     EXPECT_EQ(test::values(mesh.triangles), test::values(before.triangles));
     EXPECT_EQ(test::bits(mesh.triangleNormals), test::bits(before.triangleNormals));
-    EXPECT_EQ(test::matrixBytes(mesh.vertexColors), test::matrixBytes(before.vertexColors));
-    EXPECT_EQ(test::matrixBytes(mesh.triangleColors), test::matrixBytes(before.triangleColors));
+    EXPECT_EQ(test::bytesOf(mesh.vertexColors), test::bytesOf(before.vertexColors));
+    EXPECT_EQ(test::bytesOf(mesh.triangleColors), test::bytesOf(before.triangleColors));
 }
 
 TEST(MeshWriting, ListThatServesTwiceIsWrittenTwice) {

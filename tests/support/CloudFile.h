@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <opencv2/core.hpp>
 #include <string>
 
 #include "Zyr3DFileIO.h"
 #include "ZyrVector3dArray.h"
-#include "support/Bytes.h"
+#include "support/MatBytes.h"
 #include "support/MemoryFile.h"
 #include "support/PlainLzf.h"
 #include "support/TempFolder.h"
@@ -73,10 +72,7 @@ struct LoadedCloud {
     ZyrVector3dArray normals;
     cv::Mat colors;
 
-    Bytes colorBytes() const {
-        if (colors.empty()) return {};
-        return Bytes(colors.data, colors.data + colors.total() * colors.elemSize());
-    }
+    Bytes colorBytes() const { return bytesOf(colors); }
 };
 
 inline LoadedCloud loadFile(const std::string& path, bool withNormals, bool withColors) {

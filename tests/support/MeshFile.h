@@ -151,11 +151,6 @@ inline Zyr3DIntArray indices(std::vector<int> flat) {
     return Zyr3DIntArray(flat.data(), static_cast<int>(flat.size()));
 }
 
-inline Bytes matrixBytes(const cv::Mat& matrix) {
-    if (matrix.empty()) return {};
-    return Bytes(matrix.data, matrix.data + matrix.total() * matrix.elemSize());
-}
-
 inline Bytes all(const std::vector<Bytes>& parts) {
     Bytes bytes;
     for (const Bytes& part : parts) bytes = joined(bytes, part);

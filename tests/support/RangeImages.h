@@ -8,8 +8,8 @@
 
 #include "ZyrRangeImage.h"
 #include "rangeimage/RangeImageBlock.h"
-#include "support/Bytes.h"
 #include "support/Held.h"
+#include "support/MatBytes.h"
 
 /// Range images to test with, and their plain forms.
 namespace test {
@@ -19,17 +19,6 @@ inline cv::Mat matOf(int rows, int columns, int type, const Bytes& bytes) {
     cv::Mat mat(rows, columns, type);
     std::copy(bytes.begin(), bytes.end(), mat.data);
     return mat;
-}
-
-/// The elements row by row, without the gaps between rows.
-inline Bytes bytesOf(const cv::Mat& mat) {
-    Bytes bytes;
-    for (int row = 0; row < mat.rows; ++row) {
-        const unsigned char* first = mat.ptr(row);
-        bytes.insert(bytes.end(), first,
-                     first + static_cast<std::size_t>(mat.cols) * mat.elemSize());
-    }
-    return bytes;
 }
 
 inline zyr::RangeImageBlock& blockOf(const ZyrRangeImage& image) {
