@@ -233,6 +233,12 @@ TEST_F(BatchOfFiles, NamesOfAnyBytesDoNotSpoilTheOutput) {
     EXPECT_EQ(run("info *.zrt").out.find('\x1b'), std::string::npos);
     const nlohmann::json json = nlohmann::json::parse(run("info --json *.zrt").out);
     EXPECT_EQ(json["file"], "a\x1b[31m\xEF\xBF\xBD\".zrt");
+    std::filesystem::copy_file(ZYR_GOLDEN_DIR "/pointcloud/points.zpt", path("b\nc\x1b[31m.zpt"));
+    const test::Result demo = run("demo *.zpt -o 'd\ne\x1b[31m'");
+    EXPECT_EQ(demo.exitCode, 0) << demo.err;
+    EXPECT_EQ(demo.out.find('\x1b'), std::string::npos) << demo.out;
+    EXPECT_NE(demo.out.find("b?c?[31m.zpt, "), std::string::npos) << demo.out;
+    EXPECT_NE(demo.out.find("Written: d?e?[31m/demo.zpt, d?e?"), std::string::npos) << demo.out;
 }
 
 TEST_F(BatchOfFiles, NamesOfAnyBytesLeaveTroubleOneLine) {

@@ -1,4 +1,7 @@
+#include <malloc.h>
+
 #include <filesystem>
+#include <opencv2/imgcodecs.hpp>
 #include <random>
 
 #include "Outcome.h"
@@ -137,7 +140,10 @@ TEST_P(BrokenFile, EveryWordOfBytesMayLie) {
 class SpoiledFile : public testing::TestWithParam<Sample> {
 protected:
     void SetUp() override {
-        zyr::writeScene(sceneFor(GetParam()), path_, GetParam().options);
+        if (GetParam().suffix == "jpg")
+            cv::imwrite(path_, cv::Mat(32, 1200, CV_8UC1, cv::Scalar(90)));
+        else
+            zyr::writeScene(sceneFor(GetParam()), path_, GetParam().options);
         good_ = test::readFile(path_);
         ASSERT_NO_THROW(zyr::readScene(path_));
     }
@@ -147,13 +153,26 @@ protected:
         // What is cut short and filled anew, some file systems bring to the disk at once.
         std::filesystem::remove(path_);
         test::writeFile(path_, bytes);
+        // Whatever memory held before.
+        EXPECT_EQ(pixelsOver(0x55), pixelsOver(0xAA)) << "case " << next_ - 1;
+    }
+
+    /// Of a range image; nothing of others, nor of what is refused.
+    test::Bytes pixelsOver(int filling) {
+        mallopt(M_PERTURB, filling);
+        test::Bytes pixels;
         try {
-            zyr::readScene(path_);
+            const ZyrRangeImage image = zyr::readScene(path_).range;
+            const auto* data = static_cast<const unsigned char*>(image.Data());
+            const int bytes = image.Width() * image.Height() * CV_ELEM_SIZE1(image.DataType());
+            pixels.assign(data, data + bytes);
         } catch (const zyr::FileTrouble& trouble) {
             EXPECT_EQ(std::string(trouble.what()).rfind(path_ + ": ", 0), 0u) << trouble.what();
         } catch (const std::exception& other) {
             ADD_FAILURE() << "case " << next_ - 1 << ": " << other.what();
         }
+        mallopt(M_PERTURB, 0);
+        return pixels;
     }
 
     test::Bytes good_;
@@ -186,7 +205,7 @@ const auto kForeign = testing::Values(
     Sample{"pcd", {Options::Ascii, false}}, Sample{"pcd", {Options::Binary, true}},
     Sample{"pcd", {Options::Compressed, false}}, Sample{"xyz", {Options::Ascii, false}},
     Sample{"csv", {Options::Ascii, false}}, Sample{"npy", {Options::Binary, false}});
-const auto kPictures = testing::Values(Sample{"png", {}}, Sample{"tif", {}});
+const auto kPictures = testing::Values(Sample{"png", {}}, Sample{"tif", {}}, Sample{"jpg", {}});
 
 INSTANTIATE_TEST_SUITE_P(, BrokenFile, kForeign);
 INSTANTIATE_TEST_SUITE_P(, SpoiledFile, kForeign);

@@ -35,7 +35,7 @@ protected:
         say(words);
         std::setlocale(LC_ALL, "C");
         if (!isProgram) return;
-        const test::Result result = run("convert " + words, "export LC_ALL=" + name_);
+        const test::Result result = runUnderLocale("convert " + words);
         EXPECT_EQ(result.exitCode, 0) << words << result.err;
     }
 
@@ -62,6 +62,10 @@ protected:
             EXPECT_EQ(test::readText(path(each)), test::readText(path("plain." + suffix))) << each;
     }
 
+    test::Result runUnderLocale(const std::string& line) const {
+        return run(line, "export LC_ALL=" + name_);
+    }
+
     const std::string name_ = GetParam().name();
     const test::ScopedVariable folder_{"LOCPATH", path("").c_str()};
 };
@@ -74,6 +78,33 @@ TEST_P(ConvertUnderLocale, TextHasTheSameBytesAndReadsAsTheSameNumbers) {
 TEST_P(ConvertUnderLocale, SuffixesAndNamesLeadToTheSameFiles) {
     cv::imwrite(path("in.png"), cv::Mat(2, 2, CV_16UC1, cv::Scalar(7)));
     for (const char* suffix : {"ZPT", "Zrt", "TIF", "tiff", "Tif", "PNG"}) expectSameFiles(suffix);
+}
+
+TEST_P(ConvertUnderLocale, WhatIsToldOfFilesIsTheSame) {
+    say("in.csv a.zpt");
+    test::writeText(path("other.csv"), "x,y,z\n0.25,-1234567,1e-310\n2,3,4.75\n");
+    for (const std::string line :
+         {"info a.zpt in.csv", "info --json a.zpt", "check a.zpt in.csv", "diff in.csv other.csv",
+          "diff a.zpt other.csv --tolerance 0.26"}) {
+        const test::Result plain = run(line), other = runUnderLocale(line);
+        EXPECT_EQ(other.out, plain.out);
+        EXPECT_EQ(other.err, plain.err);
+        EXPECT_EQ(other.exitCode, plain.exitCode) << line;
+        EXPECT_NE(plain.exitCode, 2) << plain.err;
+    }
+}
+
+TEST_P(ConvertUnderLocale, WhatIsDrawnAndWrittenIsTheSame) {
+    cv::imwrite(path("depth.png"), cv::Mat(12, 16, CV_16UC1, cv::Scalar(700)));
+    const std::string options = " --fx 17.5 --depth-scale 0.25";
+    EXPECT_EQ(run("demo depth.png -o plain" + options).exitCode, 0);
+    EXPECT_EQ(runUnderLocale("demo depth.png -o other" + options).exitCode, 0);
+    EXPECT_EQ(run("render plain/demo.zpt plain/drawn.png").exitCode, 0);
+    EXPECT_EQ(runUnderLocale("render plain/demo.zpt other/drawn.png").exitCode, 0);
+    for (const std::string name :
+         {"demo.zpt", "demo.ztmt", "demo.zrt", "demo_range.png", "demo.png", "drawn.png"})
+        EXPECT_EQ(test::readText(path("other/" + name)), test::readText(path("plain/" + name)))
+            << name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, ConvertUnderLocale, testing::ValuesIn(test::localeNames()));

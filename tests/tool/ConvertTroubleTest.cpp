@@ -81,6 +81,28 @@ TEST_F(ConvertTrouble, OutputsThatLinksMakeOneAreUsageErrors) {
     expectRefusal("a.xyz b.xyz --to ply --out out", "out/b.ply would be written twice");
 }
 
+TEST_F(ConvertTrouble, OutputsThatLeadToOtherInputsAreUsageErrors) {
+    test::writeText(path("x.xyz"), "1 2 3\n");
+    test::writeText(path("sub.ply"), "precious");
+    fs::create_directory(path("out"));
+    fs::create_symlink("../sub.ply", path("out/x.ply"));
+    expectRefusal("x.xyz sub.ply --to ply --out out", "sub.ply would be overwritten");
+    expectRefusal("sub.ply x.xyz --to ply --out out", "sub.ply would be overwritten");
+    EXPECT_EQ(test::readText(path("sub.ply")), "precious");
+}
+
+TEST_F(ConvertTrouble, ColourPictureThatWouldBeOverwrittenIsAUsageError) {
+    writeDepth();
+    cv::imwrite(path("color.png"), cv::Mat(2, 2, CV_8UC3, cv::Scalar(1, 2, 3)));
+    const std::string before = test::readText(path("color.png"));
+    fs::create_symlink("color.png", path("link.png"));
+    for (const char* out : {"color.png", "./color.png", "link.png"})
+        expectRefusal(std::string("depth.png ") + out + " --color color.png",
+                      "color.png would be overwritten");
+    expectRefusal("depth.png color.png --color link.png", "link.png would be overwritten");
+    EXPECT_EQ(test::readText(path("color.png")), before);
+}
+
 TEST_F(ConvertTrouble, NamesOfOneFileBecomeFilesOfTheirOwn) {
     test::writeText(path("a.xyz"), "1 2 3\n");
     test::writeText(path("b.xyz"), "4 5 6\n");

@@ -3,6 +3,7 @@
 #include "Outcome.h"
 #include "Scenes.h"
 #include "formats/Format.h"
+#include "formats/Same.h"
 #include "support/RangeFile.h"
 #include "support/TempFolder.h"
 
@@ -255,6 +256,24 @@ TEST_F(WriteScene, OwnFilesNeedAPoint) {
     for (const std::string suffix : {"zpt", "ztmt"})
         EXPECT_THROW(through(Scene(), suffix), zyr::FileTrouble) << suffix;
     EXPECT_EQ(through(Scene(), "ply").cloud.Length(), 0);
+}
+
+TEST(SameRange, TellsEachNumberOfTheCalibration) {
+    const auto with = [](const std::vector<double>& numbers) {
+        Scene scene;
+        unsigned char values[] = {1, 2};
+        scene.kind = Scene::Range;
+        scene.range = ZyrRangeImage(values, 2, 1, 0, CV_8U, 0, 0, numbers[0], numbers[1],
+                                    numbers[2], numbers[3], numbers[4], numbers[5]);
+        return scene;
+    };
+    const std::vector<double> numbers = {1, 2, 3, 4, 5, 6};
+    EXPECT_TRUE(zyr::sameRange(with(numbers), with(numbers)));
+    for (std::size_t i = 0; i < 6; ++i) {
+        std::vector<double> other = numbers;
+        other[i] += 0.5;
+        EXPECT_FALSE(zyr::sameRange(with(numbers), with(other))) << i;
+    }
 }
 
 }  // namespace

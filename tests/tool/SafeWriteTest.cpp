@@ -93,6 +93,14 @@ TEST_F(SafeWrite, NewFileKeepsTheRightsOfTheOldOne) {
         }
 }
 
+TEST_F(SafeWrite, NewFileDoesNotRunAsItsOwner) {
+    const std::string path = folder_.path("old.xyz");
+    test::writeFile(path, {});
+    ASSERT_EQ(chmod(path.c_str(), 07755), 0);
+    zyr::writeScene(test::pointScene(), path, {});
+    EXPECT_EQ(static_cast<int>(fs::status(path).permissions()), 0755);
+}
+
 // To read the mask is to set it, which the files of other threads would feel.
 TEST_F(SafeWrite, NewFileHasTheRightsThatTheMaskLeftAtTheStart) {
     const mode_t mask = umask(077);
@@ -171,6 +179,19 @@ TEST_F(SafeWrite, WhatCannotBeReadBackIsToldWithItsCause) {
         EXPECT_EQ(trouble.what(),
                   folder_.path("a.zpt") + ": cannot be read back: Input/output error");
     }
+}
+
+TEST_F(SafeWrite, ErrorsThatLoadingLeavesBehindAreNoCauseOfADifference) {
+    zyr::SafeFile file(folder_.path("a.zpt"));
+    const auto save = [&](const char* path) {
+        return test::sceneFor("a.zpt").cloud.Save(path, true, true);
+    };
+    const auto load = [](const char*) {
+        errno = ENOENT;
+        return true;
+    };
+    EXPECT_EQ(zyr::roundTrip(file, save, load, [] { return "x of point 0"; }).differing,
+              "x of point 0");
 }
 
 TEST_F(SafeWrite, WhatIsNoFileIsNotReplaced) {

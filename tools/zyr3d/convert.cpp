@@ -4,7 +4,6 @@
 #include <cmath>
 #include <filesystem>
 #include <map>
-#include <set>
 
 #include "Answer.h"
 #include "Batch.h"
@@ -150,14 +149,26 @@ std::vector<std::string> outputsOf(const ConvertOptions& options) {
     }
     const std::string suffix = (options.suffix[0] == '.' ? "" : ".") + options.suffix;
     std::vector<std::string> outputs;
-    std::set<std::string> targets;
     for (const std::string& file : options.files) {
         const std::string name = std::filesystem::path(file).stem().string() + suffix;
         outputs.push_back((std::filesystem::path(options.folder) / name).string());
-        if (!targets.insert(targetOf(outputs.back())).second)
-            throw UsageTrouble(outputs.back() + " would be written twice");
     }
     return outputs;
+}
+
+/// None is written twice, nor what is read for another; a file may replace itself.
+void checkOutputs(const std::vector<std::string>& outputs, const ConvertOptions& options) {
+    std::map<std::string, std::size_t> places;
+    for (std::size_t i = 0; i < outputs.size(); ++i)
+        if (!places.emplace(targetOf(outputs[i]), i).second)
+            throw UsageTrouble(outputs[i] + " would be written twice");
+    const auto keep = [&](const std::string& input, std::size_t own) {
+        const auto found = places.find(targetOf(input));
+        if (found != places.end() && found->second != own)
+            throw UsageTrouble(input + " would be overwritten");
+    };
+    for (std::size_t i = 0; i < outputs.size(); ++i) keep(options.files[i], i);
+    keep(options.settings.colorFile, outputs.size());
 }
 
 void checkNumbers(const ConvertSettings& settings) {
@@ -193,6 +204,7 @@ int convertAll(const ConvertOptions& options) try {
         throw UsageTrouble(suffixFault(outputs[0], "written"));
     checkSettings(options.settings, *format);
     checkNumbers(options.settings);
+    checkOutputs(outputs, options);
     createFolder(options.folder);
     std::vector<std::string> inputs = options.files;
     inputs.resize(outputs.size());

@@ -7,9 +7,11 @@
 #include <list>
 #include <optional>
 
+#include "Console.h"
 #include "Grid.h"
 #include "Mesh.h"
 #include "Outcome.h"
+#include "Printable.h"
 #include "Table.h"
 #include "ZyrPointCloud.h"
 #include "ZyrRangeImage.h"
@@ -175,19 +177,19 @@ void reportGrid(Report& report, ZyrPointCloud& cloud, const Frame& frame, Output
 }
 
 int finish(const Report& report, ZyrPointCloud& cloud, const Frame& frame, OutputFiles& output) {
-    std::cout << frame.name << ", " << sizeText(frame) << "\n\n";
+    std::cout << printable(frame.name) << ", " << sizeText(frame) << "\n\n";
     report.print();
     if (!frame.isOrganised())
         std::cout << "Skipped: mesh and range image, as the points are in no grid.\n";
     if (!report.difference().empty()) {
-        std::cerr << "zyr3d: " << report.difference() << "\n";
+        printError(errorLine(report.difference()));
         return kDifference;
     }
     SafeFile& picture = output.open(output.kPicture);
     writePicture(cloud, frame, picture);
     output.commit();
     std::cout << "Every value came back bit for bit.\n"
-              << "Written: " << report.written() << ", " << picture.path() << "\n";
+              << "Written: " << printable(report.written() + ", " + picture.path()) << "\n";
     return kGood;
 }
 

@@ -40,10 +40,15 @@ cv::Mat decode(const std::vector<unsigned char>& bytes, int flags) try {
     throw Fault(path, text);
 }
 
+void checkWhole(const std::string& path, const std::vector<unsigned char>& bytes) {
+    if (const auto fault = scanUntold(bytes)) throw Fault(path, fault->why, fault->at, fault->why);
+}
+
 }  // namespace
 
 ImageFile loadImageFile(const std::string& path) {
     ImageFile file{path, readWhole(path), {}};
+    checkWhole(path, file.bytes);
     checkPixels(path, pixelsOfPng(file.bytes));
     file.image = decode(file.bytes, cv::IMREAD_UNCHANGED);
     if (file.image.empty()) failDecoding(path, file.bytes);

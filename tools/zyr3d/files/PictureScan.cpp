@@ -31,6 +31,25 @@ bool startsWith(const Bytes& bytes, std::string_view start) {
     return true;
 }
 
+bool isPng(const Bytes& bytes) {
+    return startsWith(bytes, "\x89PNG\r\n\x1A\n");
+}
+
+bool isJpeg(const Bytes& bytes) {
+    return startsWith(bytes, "\xFF\xD8");
+}
+
+bool isBmp(const Bytes& bytes) {
+    return startsWith(bytes, "BM");
+}
+
+/// With directories of 32 or, in a file with '+', of 64 bits.
+bool isTiff(const Bytes& bytes) {
+    using std::string_view_literals::operator""sv;
+    return startsWith(bytes, "II*\0"sv) || startsWith(bytes, "MM\0*"sv) ||
+           startsWith(bytes, "II+\0"sv) || startsWith(bytes, "MM\0+"sv);
+}
+
 PictureFault cutShort(const Bytes& bytes, const std::string& why) {
     return {bytes.size(), "cut short: " + why};
 }
@@ -64,10 +83,29 @@ Found scanPng(const Bytes& bytes) {
     }
 }
 
+/// Behind the end mark. Segments are stepped over, as pictures inside them have marks of their own.
+std::optional<std::uint64_t> endOfJpeg(const Bytes& bytes) {
+    for (std::uint64_t at = 2; at + 1 < bytes.size();) {
+        const unsigned mark = bytes[at + 1];
+        const bool isFill = bytes[at] != 0xFF || mark == 0xFF;
+        const bool isAlone = mark <= 0x01 || (mark >= 0xD0 && mark <= 0xD7);
+        if (isFill)
+            ++at;
+        else if (mark == 0xD9)
+            return at + 2;
+        else if (isAlone)
+            at += 2;
+        else if (at + 4 > bytes.size())
+            return {};
+        else
+            at += 2 + bigEndian(bytes, at + 2, 2);
+    }
+    return {};
+}
+
 Found scanJpeg(const Bytes& bytes) {
-    const std::size_t size = bytes.size();
-    if (size >= 4 && bytes[size - 2] == 0xFF && bytes[size - 1] == 0xD9) return {};
-    return PictureFault{size, "no end mark here: cut short, or other bytes behind the picture"};
+    const auto end = endOfJpeg(bytes);
+    return end ? behindEnd(bytes, *end) : cutShort(bytes, "no end mark");
 }
 
 /// The end is where the header says, or the pixels do: some writers leave the size out.
@@ -86,9 +124,12 @@ Found scanBmp(const Bytes& bytes) {
     return behindEnd(bytes, std::max(said, end));
 }
 
-Found scanTiff(const Bytes& bytes, bool isBig) {
-    if (bytes.size() < 8) return cutShort(bytes, "no whole header");
-    const std::uint64_t at = isBig ? bigEndian(bytes, 4, 4) : littleEndian(bytes, 4, 4);
+Found scanTiff(const Bytes& bytes) {
+    const bool isBigEndian = bytes[0] == 'M', isWide = bytes[isBigEndian ? 3 : 2] == '+';
+    const std::size_t size = isWide ? 8 : 4;
+    if (bytes.size() < 2 * size) return cutShort(bytes, "no whole header");
+    const std::uint64_t at =
+        isBigEndian ? bigEndian(bytes, size, size) : littleEndian(bytes, size, size);
     if (at >= bytes.size())
         return cutShort(bytes, "its directory is at byte " + std::to_string(at));
     return {};
@@ -97,13 +138,16 @@ Found scanTiff(const Bytes& bytes, bool isBig) {
 }  // namespace
 
 std::optional<PictureFault> scanPicture(const Bytes& bytes) {
-    using std::string_view_literals::operator""sv;
-    if (startsWith(bytes, "\x89PNG\r\n\x1A\n"sv)) return scanPng(bytes);
-    if (startsWith(bytes, "\xFF\xD8"sv)) return scanJpeg(bytes);
-    if (startsWith(bytes, "BM"sv)) return scanBmp(bytes);
-    if (startsWith(bytes, "II*\0"sv)) return scanTiff(bytes, false);
-    if (startsWith(bytes, "MM\0*"sv)) return scanTiff(bytes, true);
+    if (isPng(bytes)) return scanPng(bytes);
+    if (isJpeg(bytes)) return scanJpeg(bytes);
+    if (isBmp(bytes)) return scanBmp(bytes);
+    if (isTiff(bytes)) return scanTiff(bytes);
     return PictureFault{0, "not a picture that can be read"};
+}
+
+std::optional<PictureFault> scanUntold(const Bytes& bytes) {
+    const bool isTold = isPng(bytes) || isBmp(bytes) || isTiff(bytes);
+    return isTold || (isJpeg(bytes) && endOfJpeg(bytes)) ? Found() : scanPicture(bytes);
 }
 
 }  // namespace zyr

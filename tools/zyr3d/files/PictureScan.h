@@ -18,4 +18,8 @@ struct PictureFault {
 /// of a TIFF, which may have gaps.
 std::optional<PictureFault> scanPicture(const std::vector<unsigned char>& bytes);
 
+/// Of these, what decoders take for a whole picture: a JPEG that is cut short, whose missing rows
+/// would be what memory held, and bytes of another kind than the four.
+std::optional<PictureFault> scanUntold(const std::vector<unsigned char>& bytes);
+
 }  // namespace zyr

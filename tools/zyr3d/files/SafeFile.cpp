@@ -54,10 +54,10 @@ std::string suffixOf(const std::string& path) {
     return dot == name.npos ? "" : name.substr(dot);
 }
 
-/// The rights of the file that is replaced, or those that a new one gets.
+/// The rights of the file that is replaced, but not to run as its owner, or those of a new one.
 mode_t modeFor(const std::string& path) {
     struct stat old {};
-    if (stat(path.c_str(), &old) == 0) return old.st_mode & 07777;
+    if (stat(path.c_str(), &old) == 0) return old.st_mode & 0777;
     return 0666 & ~kMask;
 }
 
@@ -145,7 +145,7 @@ void SafeFile::flush() {
 
 void SafeFile::finish() {
     flush();
-    fchmod(file_, modeFor(target_));
+    fchmod(file_, modeFor(target_));  // not everywhere are there rights to be given
     if (fsync(file_) != 0) fail("cannot be written");
     struct stat now {};
     if (fstat(file_, &now) != 0) fail("cannot be checked");

@@ -1,5 +1,4 @@
 #include <cerrno>
-#include <cstring>
 #include <opencv2/core.hpp>
 
 #include "Outcome.h"
@@ -7,6 +6,7 @@
 #include "files/Loading.h"
 #include "formats/Fault.h"
 #include "formats/Readers.h"
+#include "formats/Same.h"
 #include "formats/Writers.h"
 
 namespace zyr {
@@ -33,46 +33,6 @@ void writeChecked(SafeFile& file, const Save& save, Scene (*read)(const std::str
         found = trouble.what();
     }
     file.failWritten(error, found);
-}
-
-cv::Mat valuesOf(const ZyrRangeImage& image) {
-    return cv::Mat(image.Height(), image.Width(), image.DataType(), image.Data());
-}
-
-/// By their bits, so that holes and NaN count as well.
-bool same(ZyrVector3dArray a, ZyrVector3dArray b) {
-    const auto bytes = static_cast<std::size_t>(a.Length()) * sizeof(ZyrVector3d);
-    return a.Length() == b.Length() && (bytes == 0 || std::memcmp(a.Data(), b.Data(), bytes) == 0);
-}
-
-bool same(const ZyrColorArray& a, const ZyrColorArray& b) {
-    const auto bytes = static_cast<std::size_t>(a.Length()) * static_cast<std::size_t>(a.Channel());
-    return a.Length() == b.Length() && a.Channel() == b.Channel() &&
-           (bytes == 0 || std::memcmp(a.Data(), b.Data(), bytes) == 0);
-}
-
-bool same(const Zyr3DIntArray& a, const Zyr3DIntArray& b) {
-    const auto bytes = static_cast<std::size_t>(a.Length()) * sizeof(int);
-    return a.Length() == b.Length() && (bytes == 0 || std::memcmp(a.Data(), b.Data(), bytes) == 0);
-}
-
-bool sameCloud(ZyrPointCloud a, ZyrPointCloud b) {
-    return same(a.PointData(), b.PointData()) && same(a.NormalData(), b.NormalData()) &&
-           same(a.ColorData(), b.ColorData());
-}
-
-bool sameMesh(const Scene& a, const Scene& b) {
-    return sameCloud(a.cloud, b.cloud) && same(a.triangles, b.triangles) &&
-           same(a.triangleNormals, b.triangleNormals) && same(a.triangleColors, b.triangleColors);
-}
-
-bool sameRange(const Scene& a, const Scene& b) {
-    const ZyrRangeImage& x = a.range;
-    const ZyrRangeImage& y = b.range;
-    if (x.DataType() != y.DataType() || x.Width() != y.Width() || x.Height() != y.Height())
-        return false;
-    return std::memcmp(x.Data(), y.Data(), valuesOf(x).total() * valuesOf(x).elemSize()) == 0 &&
-           same(a.pixelColors, b.pixelColors);
 }
 
 }  // namespace
@@ -105,7 +65,7 @@ void writeZtmt(const Scene& scene, const WriteOptions&, SafeFile& file) {
 
 void writeZrt(const Scene& scene, const WriteOptions&, SafeFile& file) {
     const ZyrRangeImage& image = scene.range;
-    cv::Mat values = valuesOf(image), colors;
+    cv::Mat values(image.Height(), image.Width(), image.DataType(), image.Data()), colors;
     if (scene.pixelColors.Length() > 0)
         colors = cv::Mat(image.Height(), image.Width(), CV_8UC(scene.pixelColors.Channel()),
                          scene.pixelColors.Data());
