@@ -1,4 +1,3 @@
-#include "CheckCommand.h"
 #include "ConvertCommand.h"
 
 // Pictures of strangers: those that are torn, and those whose decoders would not tell.
